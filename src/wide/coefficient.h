@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// A Numeric seen as what it is: a signed 128-bit integer in two's complement with one pattern set aside for NaN.
+#ifndef QV8NUMERIC_WIDE_COEFFICIENT_H
+#define QV8NUMERIC_WIDE_COEFFICIENT_H
+
+#include "qv8numeric.h"
+#include "wide/words.h"
+
+namespace qv8numeric {
+
+// -2^127, the one pattern without a counterpart of the other sign: without it the range is symmetric.
+inline constexpr Numeric nan_pattern{0, INT64_MIN};
+
+constexpr bool is_nan(const Numeric& value) { return value.high == nan_pattern.high && value.low == nan_pattern.low; }
+constexpr bool is_zero(const Numeric& value) { return (value.low | static_cast<uint64_t>(value.high)) == 0; }
+constexpr bool is_negative(const Numeric& value) { return value.high < 0; }
+
+// The two halves as an unsigned number, and back: the same 128 bits.
+constexpr WordPair bits_of(const Numeric& value) { return {static_cast<uint64_t>(value.high), value.low}; }
+constexpr Numeric from_bits(WordPair bits) { return {bits.low, static_cast<int64_t>(bits.high)}; }
+
+// |value|, at most 2^127: the magnitude of the NaN pattern is 2^127.
+constexpr WordPair magnitude_of(const Numeric& value) {
+    return is_negative(value) ? wrapping_negate(bits_of(value)) : bits_of(value);
+}
+
+// A magnitude with its sign put back, modulo 2^128.
+constexpr Numeric with_sign(WordPair magnitude, bool negative) {
+    return from_bits(negative ? wrapping_negate(magnitude) : magnitude);
+}
+
+// Limb i of four 32-bit limbs, least significant first.
+constexpr uint32_t limb(const Numeric& value, unsigned i) {
+    const uint64_t half = i < 2 ? value.low : static_cast<uint64_t>(value.high);
+    return static_cast<uint32_t>(half >> (i % 2 * 32));
+}
+
+}  // namespace qv8numeric
+
+#endif
