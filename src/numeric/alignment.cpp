@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "numeric/alignment.h"
+
+#include "wide/narrowing.h"
+
+namespace qv8numeric {
+namespace {
+
+// Up to this distance the operand with fewer places takes the scale of the other: 2^127 * 10^38 < 2^254.
+constexpr int64_t exact_distance = 38;
+
+// Beyond it, the places by which it is multiplied, so that what the other operand loses stays far below the result's
+// last place. A coefficient whose upper half is only a sign is at most 2^64, and 2^64 * 10^48 < 2^224.
+constexpr int64_t guard_digits(const Numeric& value) { return value.high == 0 || value.high == -1 ? 48 : 38; }
+
+// The signed value moved by shift places; the remainder codes of the way down are ORed into discarded.
+ExtendedNumeric shifted(const Numeric& value, int64_t shift, unsigned& discarded) {
+    if (shift == 0) return sign_extend(value);
+    ExtendedNumeric magnitude = extend(magnitude_of(value));
+    unsigned lost = 0;
+    Dropped dropped;
+    scale_by(magnitude, shift, lost, dropped);
+    discarded |= dropped.code | dropped.sticky;
+    return is_negative(value) ? negate(magnitude) : magnitude;
+}
+
+}  // namespace
+
+Alignment align(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_scale) {
+    if (is_zero(a)) return {b_scale, 0, 0};
+    if (is_zero(b)) return {a_scale, 0, 0};
+    const int64_t distance = int64_t{b_scale} - a_scale;
+    if (distance < -exact_distance) {
+        const int64_t guard = guard_digits(b);
+        return {b_scale + guard, distance + guard, guard};
+    }
+    if (distance > exact_distance) {
+        const int64_t guard = guard_digits(a);
+        return {a_scale + guard, guard, guard - distance};
+    }
+    if (distance < 0) return {a_scale, 0, -distance};
+    return {b_scale, distance, 0};
+}
+
+void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, const long long& b_shift,
+                ExtendedNumeric& a_wide, ExtendedNumeric& b_wide, unsigned& discarded) {
+    discarded = 0;
+    a_wide = shifted(a, a_shift, discarded);
+    b_wide = shifted(b, b_shift, discarded);
+}
+
+NumericStatus postprocess(ExtendedNumeric& x, int adjust, const long long& shift, const unsigned& rounding_mode,
+                          Numeric& result, unsigned& overflow) {
+    if (adjust > 0) x = increment(x);
+    if (adjust < 0) x = decrement(x);
+    const bool negative = is_negative(x);
+    if (negative) x = negate(x);
+
+    const NumericStatus status = scale_and_round(x, negative, shift, rounding_mode, overflow);
+    if (status == NUMERIC_INVALID_ARGUMENT) return status;
+    if (!fits(x)) overflow |= 1;
+    result = with_sign(low_half(x), negative);
+    return adjust != 0 ? NUMERIC_INEXACT : status;
+}
+
+}  // namespace qv8numeric

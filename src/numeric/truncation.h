@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// Rounding a value to a number of places, in place.
+#ifndef QV8NUMERIC_NUMERIC_TRUNCATION_H
+#define QV8NUMERIC_NUMERIC_TRUNCATION_H
+
+#include "qv8numeric.h"
+#include "wide/words.h"
+
+namespace qv8numeric {
+
+// Rounds num, given at info's scale, to target places with mode, and writes it back at result_scale. Of info only the
+// scale is read. Places that num does not have are not rounded away: then num moves straight to result_scale, rounded
+// if that is downward. On the way from target to a smaller result_scale the digits are cut off, not rounded again.
+//
+// NUMERIC_NAN and NUMERIC_INVALID_ARGUMENT leave num untouched; out of range writes NaN.
+NumericStatus numeric_truncation_inline(const NumericInfo& info, const int32_t& target, const int32_t& result_scale,
+                                        Numeric& num, const uint32_t& mode);
+
+}  // namespace qv8numeric
+
+#endif
