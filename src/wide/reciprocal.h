@@ -18,8 +18,10 @@ namespace qv8numeric {
 
 // Eleven bits of the reciprocal from the top nine of the divisor, which lie in 256 .. 511.
 inline constexpr auto reciprocal_seed = [] {
-    std::array<uint64_t, 256> table{};
-    for (std::size_t i = 0; i < table.size(); ++i) table[i] = ((1u << 19) - 3 * (1u << 8)) / (256 + i);
+    std::array<std::uint16_t, 256> table{};
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        table[i] = static_cast<std::uint16_t>(((1u << 19) - 3 * (1u << 8)) / (256 + i));
+    }
     return table;
 }();
 static_assert(reciprocal_seed[0] == 0x7fd && reciprocal_seed[255] == 0x400);
@@ -29,7 +31,7 @@ static_assert(reciprocal_seed[0] == 0x7fd && reciprocal_seed[255] == 0x400);
 constexpr uint64_t reciprocal_of(uint64_t d) {
     const uint64_t d40 = (d >> 24) + 1;
     const uint64_t d63 = (d >> 1) + (d & 1);
-    const uint64_t v0 = reciprocal_seed[(d >> 55) - 256];
+    const uint64_t v0 = reciprocal_seed[static_cast<std::size_t>((d >> 55) - 256)];
     const uint64_t v1 = (v0 << 11) - (v0 * v0 * d40 >> 40) - 1;
     const uint64_t v2 = (v1 << 13) + (v1 * ((uint64_t{1} << 60) - v1 * d40) >> 47);
     const uint64_t error = wrapping_subtract((d & 1) != 0 ? v2 >> 1 : 0, wrapping_multiply(v2, d63));
