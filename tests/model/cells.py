@@ -18,9 +18,9 @@ two words   at least one does not
 256 bits    an exact intermediate of the call exceeds 2^127 - 1: a sum or product, an operand at the common scale or
             moved up to the result's, a quotient moved back up; for Div the dividend; for the parsers the digits taken;
             for Dbl2Num the coefficient asked for; for Num2Dbl a vector that lost bits at its top
-A call that is refused for a mode or a NaN before an intermediate is formed counts by its coefficients alone. Columns are
-the modes that decide; any invalid mode puts a call into a column of its own. A dot marks a cell that no call can reach,
-a number in brackets one that holds too few cases.'''
+A call that is refused for a mode or a NaN before an intermediate is formed counts by its coefficients alone. Columns
+are the modes that decide; any invalid mode puts a call into a column of its own. A dot marks a cell that no call can
+reach, a number in brackets one that holds too few cases.'''
 
 BY_MODE = MODE_NAMES + ('invalid',)
 INVALID = 'invalid'

@@ -18,10 +18,10 @@ import time
 
 from cases import Drawer, STEERED_OF_FOUR
 from cells import LEGEND, WIDTHS, Cell, columns, outcomes
-from library import Library, arena_before, differences
+from library import Library, arena_before, coefficient_text, differences, double_from_bits
 from model import OPERATIONS
 from reachability import RULES, reachable_cells, reason
-from rounding import MODES, MODE_NAMES, STATUS_NAMES
+from rounding import MODES, MODE_NAMES, NAN
 
 DEFAULT_CASES = 200_000
 DEFAULT_SEED = 20_260_101
@@ -53,8 +53,8 @@ def argument_text(kind, value):
     if kind == 'info':
         return '(scale %d, %s)' % (value[0], mode_text(value[1]))
     if kind == 'double':
-        return '%#018x = %r' % (value, struct.unpack('<d', value.to_bytes(8, 'little'))[0])
-    return repr(value)
+        return '%#018x = %r' % (value, double_from_bits(value))
+    return coefficient_text(value) if kind in ('in', 'inout') else repr(value)
 
 
 def result_text(operation, result):
@@ -66,7 +66,8 @@ def describe(case, answer):
     lines = ['  %-6s %s' % (kind, argument_text(kind, value)) for kind, value in zip(kinds, case.arguments)]
     if len(set(case.slots)) < len(case.slots):
         lines.append('  Numerics are the objects %s in order' % (case.slots,))
-    lines.append('  expected %s, output %s' % (result_text(case.operation, answer[0]), ', end '.join(map(str, answer[1:]))))
+    outputs = ', end '.join('NaN' if output == NAN else str(output) for output in answer[1:])
+    lines.append('  expected %s, output %s' % (result_text(case.operation, answer[0]), outputs))
     return '\n'.join(lines)
 
 

@@ -11,10 +11,11 @@ import ctypes
 import mmap
 import random
 import struct
+import sys
 from typing import NamedTuple
 
 from model import OPERATIONS
-from rounding import UNTOUCHED
+from rounding import NAN, UNTOUCHED
 
 ARENA_SIZE = 448
 NUMERIC_AT = (40, 104, 168)
@@ -31,7 +32,7 @@ POISONED_TEXT = _rubbish.randbytes(LARGEST_TEXT + 2 * GUARD)
 
 
 class Case(NamedTuple):
-    """One call. slots names the place in the arena of each Numeric parameter in C order: equal numbers are one object."""
+    """One call. slots names the place of each Numeric parameter in the arena, in C order; equal ones are one object."""
     operation: str
     arguments: tuple
     slots: tuple
@@ -57,12 +58,22 @@ PARAMETER_TYPES = {
 }
 
 
-def numeric_bytes(coefficient):
-    return coefficient.to_bytes(16, 'little', signed=True)
+def pack_numeric(coefficient):
+    """The lower half first, each half in the machine's own order."""
+    return struct.pack('=Qq', coefficient & (2**64 - 1), coefficient >> 64)
+
+
+def unpack_numeric(arena, at):
+    low, high = struct.unpack_from('=Qq', arena, at)
+    return high << 64 | low
+
+
+def coefficient_text(coefficient):
+    return 'NaN' if coefficient == NAN else str(coefficient)
 
 
 def double_from_bits(bits):
-    return struct.unpack('<d', bits.to_bytes(8, 'little'))[0]
+    return struct.unpack('=d', struct.pack('=Q', bits))[0]
 
 
 def arena_before(case):
@@ -74,9 +85,9 @@ def arena_before(case):
     for kind in OPERATIONS[case.operation].parameters:
         if kind in ('in', 'inout'):
             at = NUMERIC_AT[next(slots)]
-            arena[at:at + 16] = numeric_bytes(next(values))
+            arena[at:at + 16] = pack_numeric(next(values))
         elif kind == 'info':
-            struct.pack_into('<iI', arena, next(infos), *next(values))
+            struct.pack_into('=iI', arena, next(infos), *next(values))
         elif kind == 'out':
             next(slots)
         elif kind in ('int32', 'int64', 'size', 'double', 'text'):
@@ -95,12 +106,12 @@ def arena_expected(case, before, answer, text_address):
         elif kind in ('out', 'inout'):
             at = NUMERIC_AT[next(slots)]
             if output is not UNTOUCHED:
-                arena[at:at + 16] = numeric_bytes(output)
+                arena[at:at + 16] = pack_numeric(output)
         elif kind in ('out32', 'out64') and output is not UNTOUCHED:
             size = 4 if kind == 'out32' else 8
-            arena[MACHINE_AT:MACHINE_AT + size] = (output % (1 << 8 * size)).to_bytes(size, 'little')
+            arena[MACHINE_AT:MACHINE_AT + size] = (output % (1 << 8 * size)).to_bytes(size, sys.byteorder)
         elif kind == 'end' and case.end_wanted and answer[2] is not UNTOUCHED:
-            struct.pack_into('<Q', arena, END_AT, text_address + answer[2])
+            struct.pack_into('=Q', arena, END_AT, text_address + answer[2])
     return arena
 
 
@@ -208,16 +219,15 @@ def arena_contents(case, arena):
     found = []
     for kind in OPERATIONS[case.operation].parameters:
         if kind in ('in', 'out', 'inout'):
-            at = NUMERIC_AT[next(slots)]
-            found.append('%s %d' % (kind, int.from_bytes(arena[at:at + 16], 'little', signed=True)))
+            found.append('%s %s' % (kind, coefficient_text(unpack_numeric(arena, NUMERIC_AT[next(slots)]))))
         elif kind == 'info':
-            found.append('info (%d, %d)' % struct.unpack_from('<iI', arena, next(infos)))
+            found.append('info (%d, %d)' % struct.unpack_from('=iI', arena, next(infos)))
         elif kind == 'out32':
-            found.append('out %d' % struct.unpack_from('<i', arena, MACHINE_AT))
+            found.append('out %d' % struct.unpack_from('=i', arena, MACHINE_AT))
         elif kind == 'out64':
-            found.append('out %#x' % struct.unpack_from('<Q', arena, MACHINE_AT))
+            found.append('out %#x' % struct.unpack_from('=Q', arena, MACHINE_AT))
         elif kind == 'end':
-            found.append('end %#x' % struct.unpack_from('<Q', arena, END_AT))
+            found.append('end %#x' % struct.unpack_from('=Q', arena, END_AT))
     return ', '.join(found)
 
 

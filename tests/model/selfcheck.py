@@ -171,7 +171,7 @@ RESCALE = [
     ('zero at any scale', 'Rescale', ((INT32_MIN, 0), (INT32_MAX, 0), 0), (OK, 0)),
 ]
 
-# Values whose tie or overflow shows what happens when a sum is brought to the result's scale; the second operand is zero.
+# A sum brought to the result's scale; the second operand is zero, so that the first alone makes the tie.
 NARROWING = [
     row
     for value, kept in ((15, {HALF_UP: 2, HALF_DOWN: 1, HALF_EVEN: 2}), (25, {HALF_UP: 3, HALF_DOWN: 2, HALF_EVEN: 2}),
@@ -209,7 +209,8 @@ RESCALING_SUM = [
     ('2^127 is out of range, positive', 'RescalingAdd', ((2, 0), (2, 0), (1, UP), LIMIT, LIMIT),
      (INEXACT, (2 * LIMIT + 9) // 10)),
     ('NaN goes before an invalid mode', 'RescalingAdd', ((0, 9), (1, 9), (2, 9), NAN, 1), (NOT_A_NUMBER, NAN)),
-    ('every mode is validated, one scale', 'RescalingAdd', ((0, 9), (0, 0), (0, 0), 1, 1), (INVALID_ARGUMENT, UNTOUCHED)),
+    ('every mode is validated, one scale', 'RescalingAdd', ((0, 9), (0, 0), (0, 0), 1, 1),
+     (INVALID_ARGUMENT, UNTOUCHED)),
     ('every mode is validated', 'RescalingAdd', ((0, 0), (1, 9), (0, 0), 1, 1), (INVALID_ARGUMENT, UNTOUCHED)),
     # 48 guard digits: 10^48 + 9,999,999,999.5 becomes 10^48 + 10^10, which the result shows as a whole step more.
     ('a lost fraction counts as a whole unit of the guard digits', 'RescalingAdd',

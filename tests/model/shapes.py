@@ -14,14 +14,15 @@ def _landmarks():
     marks = {10**k for k in range(39)} | {5 * 10**k for k in range(38)} | {2**k for k in range(127)}
     marks |= {LIMIT // 10**k for k in range(39)} | {LIMIT // 2}
     near = {mark + step for mark in marks for step in (-2, -1, 0, 1, 2)} | {LIMIT - step for step in range(12)}
-    return ([mark for mark in sorted(near) if 0 <= mark < 2**63], [mark for mark in sorted(near) if 2**63 <= mark <= LIMIT])
+    near = sorted(near)
+    return [mark for mark in near if 0 <= mark < 2**63], [mark for mark in near if 2**63 <= mark <= LIMIT]
 
 
 LANDMARKS_OF_ONE_WORD, LANDMARKS_OF_TWO_WORDS = _landmarks()
 
 # Where scaling takes another road: eight digits at a time, what 128 and 256 bits hold, guard digits, the longest move.
-NOTABLE_DISTANCES = (0, 1, 2, 7, 8, 9, 15, 16, 17, 18, 19, 20, 24, 27, 28, 37, 38, 39, 40, 47, 48, 49, 50, 56, 57, 64, 76,
-                     77, 78, 79, 80, 81, 86, 87, 88, 89, 95, 96, 97)
+NOTABLE_DISTANCES = (0, 1, 2, 7, 8, 9, 15, 16, 17, 18, 19, 20, 24, 27, 28, 37, 38, 39, 40, 47, 48, 49, 50, 56, 57, 64,
+                     76, 77, 78, 79, 80, 81, 86, 87, 88, 89, 95, 96, 97)
 INVALID_MODES = (7, 8, 9, 255, 256, 2**31 - 1, 2**31, 2**31 + 3, 2**32 - 1)
 
 

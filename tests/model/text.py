@@ -8,7 +8,7 @@ from rounding import (BUFFER_TOO_SMALL, HALF_EVEN, INVALID_ARGUMENT, LIMIT, NAN,
 
 
 class Written(NamedTuple):
-    """What a buffer holds after a call: content at an offset; every other byte untouched, or free behind the content."""
+    """What a buffer holds after a call: content at an offset; other bytes untouched, or free behind the content."""
     offset: int
     content: bytes
     free_behind: bool
