@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "values.h"
 
-#include <boost/multiprecision/cpp_int.hpp>
+#include <algorithm>
 #include <stdexcept>
+
+#include "exact.h"
 
 namespace qv8numeric_tests {
 namespace {
-
-using boost::multiprecision::cpp_int;
 
 const cpp_int kNanCoefficient = -(cpp_int{1} << 127);
 
@@ -39,18 +39,13 @@ cpp_int sum(std::string_view text) {
     return total;
 }
 
-cpp_int coefficient(const Numeric& value) { return (cpp_int{value.high} << 64) + value.low; }
-
 }  // namespace
 
 Numeric num(std::string_view expression) {
     const bool nan = expression == "NaN";
     const cpp_int value = nan ? kNanCoefficient : sum(expression);
     if (!nan && abs(value) > (cpp_int{1} << 127) - 1) throw std::out_of_range(std::string(expression));
-    const cpp_int pattern = value < 0 ? value + (cpp_int{1} << 128) : value;
-    const cpp_int low_mask = (cpp_int{1} << 64) - 1;
-    return {static_cast<std::uint64_t>(pattern & low_mask),
-            static_cast<std::int64_t>(static_cast<std::uint64_t>(pattern >> 64))};
+    return pattern(value);
 }
 
 std::string text(const Numeric& value) {
