@@ -6,14 +6,14 @@
 #include <cstdio>
 #include <string>
 
-#include "values.h"
+#include "calls.h"
 
 namespace qv8numeric_tests {
 namespace {
 
 // Sends standard output into a temporary file for as long as it lives.
 class CapturedOutput {
-public:
+  public:
     CapturedOutput() : file_(std::tmpfile()), terminal_(dup(STDOUT_FILENO)) {
         std::fflush(stdout);
         dup2(fileno(file_), STDOUT_FILENO);
@@ -34,7 +34,7 @@ public:
         return content;
     }
 
-private:
+  private:
     void restore() {
         if (terminal_ < 0) return;
         std::fflush(stdout);
@@ -65,16 +65,15 @@ constexpr DumpRow kDumpRows[] = {
     {"the largest value", "2^127-1", "(7fffffff,ffffffff,ffffffff,ffffffff)\n"},
     {"the smallest value", "-2^127+1", "(80000000,00000000,00000000,00000001)\n"},
     // 0x0123456789abcdeffedcba9876543210
-    {"every digit in its place", "1512366075204170947332355369683137040",
-     "(01234567,89abcdef,fedcba98,76543210)\n"},
+    {"every digit in its place", "1512366075204170947332355369683137040", "(01234567,89abcdef,fedcba98,76543210)\n"},
 };
 
 TEST(Dump, ValuePrintsFourGroups) {
     for (const DumpRow& row : kDumpRows) {
         SCOPED_TRACE(row.name);
-        const Numeric value = num(row.value);
+        const GuardedNumeric object{.value = num(row.value)};
         CapturedOutput output;
-        const int printed = dump(&value);
+        const int printed = dump(&object.value);
         EXPECT_EQ(output.text(), row.line);
         EXPECT_EQ(printed, 38);
     }

@@ -3,7 +3,6 @@
 // does what its arithmetic modulo 2^256 does, which is held here.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <span>
 
 #include "calls.h"
@@ -67,9 +66,9 @@ constexpr Row kMorePlaces[] = {
     {"NaN", "NaN", 0, 3, kUp, NUMERIC_NAN, "NaN"},
 };
 
-// Products are formed modulo 2^256 and accepted when their upper four limbs equal one another and bit 127 has the sign of
-// the value; that is a weaker test than "fits", and these products pass it. The negative twins follow by symmetry: the
-// complement of equal limbs are equal limbs.
+// Products are formed modulo 2^256 and accepted when their upper four limbs equal one another and bit 127 has the sign
+// of the value; that is a weaker test than "fits", and these products pass it. The negative twins follow by symmetry:
+// the complement of equal limbs are equal limbs.
 constexpr Row kWrappedProducts[] = {
     {"41 places, gone round once", "123897535483928329103220953959296061403", 0, 41, kUp, NUMERIC_OK,
      "111640776459647778038511153295128526848"},
@@ -79,16 +78,16 @@ constexpr Row kWrappedProducts[] = {
      "73394618030565865177414447344654483456"},
     {"38 places, negative", "-269599466734277415315151974886", 0, 38, kUp, NUMERIC_OK,
      "-73394618030565865177414447344654483456"},
-    {"80 places, the last without a repeated step", "166600883694731896832553913086626783484", 0, 80, kUp, NUMERIC_OK,
+    {"80 places, ten steps of eight digits", "166600883694731896832553913086626783484", 0, 80, kUp, NUMERIC_OK,
      "45021931317154258936443642851773906944"},
-    {"88 places are 80 and none over", "107934196843166079644664139084775959480", 0, 88, kUp, NUMERIC_OK,
+    {"88 places are applied as 80", "107934196843166079644664139084775959480", 0, 88, kUp, NUMERIC_OK,
      "152501858715119705515062622606849998848"},
     {"the same from one end of the scales", "107934196843166079644664139084775959480", INT32_MIN, INT32_MIN + 88, kUp,
      NUMERIC_OK, "152501858715119705515062622606849998848"},
-    {"96 places are 80 and none over, too", "107934196843166079644664139084775959480", 0, 96, kUp, NUMERIC_OK,
+    {"96 places are applied as 80, too", "107934196843166079644664139084775959480", 0, 96, kUp, NUMERIC_OK,
      "152501858715119705515062622606849998848"},
-    {"2^31 places, a distance that needs more than 32 bits", "107934196843166079644664139084775959480",
-     -(1 << 30), 1 << 30, kUp, NUMERIC_OK, "152501858715119705515062622606849998848"},
+    {"2^31 places, a distance that needs more than 32 bits", "107934196843166079644664139084775959480", -(1 << 30),
+     1 << 30, kUp, NUMERIC_OK, "152501858715119705515062622606849998848"},
 };
 
 constexpr Row kFewerPlaces[] = {
@@ -206,25 +205,22 @@ TEST(Rescale, OneDescriptorForBothEnds) {
 
 struct SevenModes {
     const char* name;
-    const char* value;  // hundredths
-    std::array<const char*, 7> expected;  // tenths, in the order of kModes
+    const char* value;     // hundredths
+    const char* expected;  // tenths, one per mode
 };
 
 constexpr SevenModes kHundredths[] = {
-    {"1.25", "125", {"13", "12", "13", "12", "13", "12", "12"}},
-    {"1.35", "135", {"14", "13", "14", "13", "14", "13", "14"}},
-    {"-1.25", "-125", {"-13", "-12", "-12", "-13", "-13", "-12", "-12"}},
-    {"-1.35", "-135", {"-14", "-13", "-13", "-14", "-14", "-13", "-14"}},
-    {"1.26", "126", {"13", "12", "13", "12", "13", "13", "13"}},
-    {"-1.24", "-124", {"-13", "-12", "-12", "-13", "-12", "-12", "-12"}},
-    {"1.20", "120", {"12", "12", "12", "12", "12", "12", "12"}},
+    {"1.25", "125", "13 12 13 12 13 12 12"},          {"1.35", "135", "14 13 14 13 14 13 14"},
+    {"-1.25", "-125", "-13 -12 -12 -13 -13 -12 -12"}, {"-1.35", "-135", "-14 -13 -13 -14 -14 -13 -14"},
+    {"1.26", "126", "13 12 13 12 13 13 13"},          {"-1.24", "-124", "-13 -12 -12 -13 -12 -12 -12"},
+    {"1.20", "120", "12 12 12 12 12 12 12"},
 };
 
 TEST(Rescale, LostDigitsAreNotReported) {
     for (const SevenModes& row : kHundredths) {
         SCOPED_TRACE(row.name);
         for (const std::uint32_t mode : kModes) {
-            EXPECT_TRUE(yields(rescale(2, 1, mode), num(row.value), outcome(NUMERIC_OK, row.expected[mode])))
+            EXPECT_TRUE(yields(rescale(2, 1, mode), num(row.value), outcome(NUMERIC_OK, in_mode(row.expected, mode))))
                 << mode_name(mode);
         }
     }

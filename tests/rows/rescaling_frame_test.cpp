@@ -36,8 +36,8 @@ struct OperandsRow {
 };
 
 constexpr OperandsRow kNanRows[] = {
-    {"first operand", "NaN", "5"},         {"second operand", "5", "NaN"},
-    {"both operands", "NaN", "NaN"},       {"first, the second zero", "NaN", "0"},
+    {"first operand", "NaN", "5"},          {"second operand", "5", "NaN"},
+    {"both operands", "NaN", "NaN"},        {"first, the second zero", "NaN", "0"},
     {"second, the first zero", "0", "NaN"}, {"second, the first -2^64", "-2^64", "NaN"},
 };
 
@@ -61,22 +61,16 @@ struct ModesRow {
 };
 
 constexpr ModesRow kModesRows[] = {
-    {"first operand", true, false, false},
-    {"second operand", false, true, false},
-    {"result", false, false, true},
-    {"both operands", true, true, false},
-    {"all three", true, true, true},
+    {"first operand", true, false, false}, {"second operand", false, true, false}, {"result", false, false, true},
+    {"both operands", true, true, false},  {"all three", true, true, true},
 };
 
 // With every pair of operands the mode decides alone: whether or not the result would be exact, out of range or a
 // division by zero.
 constexpr OperandsRow kOperandsRows[] = {
-    {"an exact result", "8", "2"},
-    {"a rounded result", "7", "3"},
-    {"a zero", "0", "5"},
-    {"a zero second operand", "5", "0"},
-    {"two zeros", "0", "0"},
-    {"a result out of range", "2^127-1", "2^127-1"},
+    {"an exact result", "8", "2"}, {"a rounded result", "7", "3"},
+    {"a zero", "0", "5"},          {"a zero second operand", "5", "0"},
+    {"two zeros", "0", "0"},       {"a result out of range", "2^127-1", "2^127-1"},
     {"-2^64", "-2^64", "3"},
 };
 

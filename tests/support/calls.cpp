@@ -8,7 +8,7 @@ namespace {
 
 // Collects what went wrong over several calls; silent, and cheap, while nothing does.
 class Comparison {
-public:
+  public:
     explicit Comparison(const Outcome& expected) : expected_(expected) {}
 
     void result(std::string_view arrangement, const Outcome& actual, const Numeric& held_before) {
@@ -26,7 +26,7 @@ public:
 
     const testing::AssertionResult& verdict() const { return verdict_; }
 
-private:
+  private:
     testing::AssertionResult& fail(std::string_view arrangement) {
         if (verdict_) verdict_ = testing::AssertionFailure();
         return verdict_ << "\n  " << arrangement << ": ";

@@ -3,7 +3,6 @@
 #ifndef QV8NUMERIC_TESTS_RESCALING_H
 #define QV8NUMERIC_TESTS_RESCALING_H
 
-#include <array>
 #include <span>
 
 #include "calls.h"
@@ -28,22 +27,26 @@ BinaryOperation at_scales(RescalingOperation operation, const Scales& scales, st
 struct RescalingRow {
     const char* name;
     const char* a;
+    std::int32_t a_scale;
     const char* b;
-    Scales scales;
+    std::int32_t b_scale;
+    std::int32_t result_scale;
     std::uint32_t mode;
     NumericStatus status;
     const char* expected;
 };
 void expect_rows(RescalingOperation operation, std::span<const RescalingRow> rows);
 
-// One expected value per mode, in the order of kModes, all with the same status.
+// One expected value per mode, for in_mode(), all with the same status.
 struct SevenModesRow {
     const char* name;
     const char* a;
+    std::int32_t a_scale;
     const char* b;
-    Scales scales;
+    std::int32_t b_scale;
+    std::int32_t result_scale;
     NumericStatus status;
-    std::array<const char*, 7> expected;
+    const char* expected;
 };
 void expect_rows(RescalingOperation operation, std::span<const SevenModesRow> rows);
 
