@@ -28,7 +28,8 @@ bool is_digit(char character) { return '0' <= character && character <= '9'; }
 uint32_t digit_value(char character) { return static_cast<uint32_t>(character - '0'); }
 
 void take_digit(NumberParseState& state, char digit) {
-    if (state.chunk_digits >= 8) flush_chunk(state);  // only behind an exponent of eight digits or more
+    // Only for callers of the lexer alone: the grammar asks for nothing behind an exponent of four digits or more.
+    if (state.chunk_digits >= 8) flush_chunk(state);
     state.chunk = state.chunk * 10 + digit_value(digit);
     ++state.chunk_digits;
     ++state.digits_held;
@@ -126,6 +127,35 @@ LiteralToken lex_minus(NumberParseState& state) {
     return TOK_SIGN;
 }
 
+LiteralToken lex_point(NumberParseState& state) {
+    set(state, point_seen);
+    state.flags = static_cast<std::uint8_t>(state.flags & ~digit_run_seen);
+    return TOK_POINT;
+}
+
+LiteralToken lex_exponent_marker(NumberParseState& state) {
+    flush_chunk(state);
+    set(state, exponent_marker_seen);
+    return TOK_EXP;
+}
+
+LiteralToken next_token(NumberParseState& state) {
+    state.token_start = state.cursor;
+    const char character = *state.cursor++;
+    if (is_digit(character)) {
+        return has(state, exponent_marker_seen) ? lex_exponent_digits(state) : lex_mantissa_digits(state);
+    }
+    switch (character) {
+        case ',': return lex_groups(state);
+        case '-': return lex_minus(state);
+        case '+': return TOK_SIGN;
+        case '.': return lex_point(state);
+        case 'E':
+        case 'e': return lex_exponent_marker(state);
+        default: state.cursor = state.token_start; return TOK_END;
+    }
+}
+
 // ---- The grammar ----
 //
 //     number   = [ TOK_SIGN ] mantissa [ TOK_EXP [ TOK_SIGN ] integer ]
@@ -139,12 +169,12 @@ LiteralToken lex_minus(NumberParseState& state) {
 struct Grammar {
     NumberParseState& state;
     bool has_token;
-    int token;
+    LiteralToken token;
 };
 
 // Uses the next token up if it is the wanted one.
 bool take(Grammar& grammar, LiteralToken wanted) {
-    if (!grammar.has_token) grammar.token = numparse_yylex(&grammar.state);
+    if (!grammar.has_token) grammar.token = next_token(grammar.state);
     grammar.has_token = grammar.token != wanted;
     return !grammar.has_token;
 }
@@ -174,42 +204,24 @@ bool parse_number(Grammar& grammar) {
 }
 
 }  // namespace
+
+bool read_literal(NumberParseState& state) {
+    Grammar grammar{state, false, TOK_END};
+    return parse_number(grammar);
+}
+
 }  // namespace qv8numeric
 
 using namespace qv8numeric;
 
-extern "C" int numparse_yylex(NumberParseState* state) noexcept {
-    state->token_start = state->cursor;
-    const char character = *state->cursor++;
-    if (is_digit(character)) {
-        return has(*state, exponent_marker_seen) ? lex_exponent_digits(*state) : lex_mantissa_digits(*state);
-    }
-    switch (character) {
-        case ',': return lex_groups(*state);
-        case '-': return lex_minus(*state);
-        case '+': return TOK_SIGN;
-        case '.':
-            set(*state, point_seen);
-            state->flags = static_cast<std::uint8_t>(state->flags & ~digit_run_seen);
-            return TOK_POINT;
-        case 'E':
-        case 'e':
-            flush_chunk(*state);
-            set(*state, exponent_marker_seen);
-            return TOK_EXP;
-        default:
-            state->cursor = state->token_start;
-            return TOK_END;
-    }
-}
+extern "C" int numparse_yylex(NumberParseState* state) noexcept { return next_token(*state); }
 
-// Nothing is reported: the result of numparse_yyparse says it all.
+// Nothing is done with it: the result of numparse_yyparse says all.
 extern "C" void numparse_yyerror(NumberParseState*, const char*) noexcept {}
 
 // 0 for a number, 1 for anything else. (2 would be an exhausted stack, and there is none.)
 extern "C" int numparse_yyparse(NumberParseState* state) noexcept {
-    Grammar grammar{*state, false, TOK_END};
-    if (parse_number(grammar)) return 0;
+    if (read_literal(*state)) return 0;
     numparse_yyerror(state, "syntax error");
     return 1;
 }

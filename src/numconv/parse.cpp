@@ -6,15 +6,13 @@
 namespace qv8numeric {
 namespace {
 
-// The literal is accumulator * 10^-scale, read to its end; the pending digits join the accumulator.
-int64_t literal_scale(NumberParseState& state) {
-    int64_t exponent = 0;
-    if (has(state, exponent_marker_seen)) {
-        exponent = has(state, exponent_negative) ? -int64_t{state.chunk} : int64_t{state.chunk};
-    } else {
+// Behind an exponent marker the pending digits are the exponent, else the last ones of the mantissa.
+int64_t take_exponent(NumberParseState& state) {
+    if (!has(state, exponent_marker_seen)) {
         flush_chunk(state);
+        return 0;
     }
-    return state.fraction_digits - state.digits_dropped - exponent;
+    return has(state, exponent_negative) ? -int64_t{state.chunk} : int64_t{state.chunk};
 }
 
 NumericStatus parse(const char* text, const NumericInfo& info, Numeric& result, char** end, NumberFormatMode mode) {
@@ -25,12 +23,13 @@ NumericStatus parse(const char* text, const NumericInfo& info, Numeric& result, 
     NumberParseState state{};
     state.cursor = text;
     state.mode = mode;
-    const bool accepted = numparse_yyparse(&state) == 0;
+    const bool accepted = read_literal(state);
     if (end != nullptr) *end = const_cast<char*>(accepted ? state.token_start : text);
     if (!accepted) return NUMERIC_SYNTAX_ERROR;
 
-    const int64_t places = info.scale - literal_scale(state);
-    return scale_round_narrow(state.accumulator, state.negative != 0, places, info.rounding_mode, state.overflow, result);
+    const int64_t literal_scale = state.fraction_digits - state.digits_dropped - take_exponent(state);
+    return scale_round_narrow(state.accumulator, state.negative != 0, info.scale - literal_scale, info.rounding_mode,
+                              state.overflow, result);
 }
 
 }  // namespace

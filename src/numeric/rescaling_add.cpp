@@ -2,6 +2,7 @@
 // Add, subtract and compare for two values of different scales.
 #include "numeric/alignment.h"
 #include "numeric/same_scale.h"
+#include "numeric/truncation.h"
 #include "wide/narrowing.h"
 
 namespace qv8numeric {
@@ -22,10 +23,8 @@ AlignedOperands aligned(const Numeric& a, int32_t a_scale, const Numeric& b, int
     unsigned discarded = 0;
     preprocess(a, alignment.a_shift, b, alignment.b_shift, operands.a, operands.b, discarded);
     // Only an operand that was divided can have lost anything, and at most one was.
-    uint32_t from_a = alignment.a_shift < 0 ? discarded : 0;
-    uint32_t from_b = alignment.b_shift < 0 ? discarded : 0;
-    operands.a_truncated = get_truncated_part(a, from_a);
-    operands.b_truncated = get_truncated_part(b, from_b);
+    operands.a_truncated = truncated_sign(a, discarded != 0 && alignment.a_shift < 0);
+    operands.b_truncated = truncated_sign(b, discarded != 0 && alignment.b_shift < 0);
     operands.scale = alignment.common_scale;
     return operands;
 }
@@ -60,9 +59,10 @@ NumericStatus rescaling(const NumericInfo& a_info, const NumericInfo& b_info, co
     const AlignedOperands operands = aligned(a, a_info.scale, b, b_info.scale);
     ExtendedNumeric combined = Operation::combine(operands.a, operands.b);
     const bool negative = is_negative(combined);
+    const int64_t shift = result_info.scale - operands.scale;
     unsigned overflow = 0;
-    const NumericStatus status = postprocess(combined, Operation::truncated(operands), result_info.scale - operands.scale,
-                                             result_info.rounding_mode, result, overflow);
+    const NumericStatus status =
+        postprocess(combined, Operation::truncated(operands), shift, result_info.rounding_mode, result, overflow);
     return overflow != 0 ? refuse(negative, result) : status;
 }
 

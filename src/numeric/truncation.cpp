@@ -41,7 +41,4 @@ extern "C" NumericStatus QV8NumericRound(const NumericInfo* info, int32_t places
     return numeric_truncation_inline(*info, places, info->scale, *num, info->rounding_mode);
 }
 
-int32_t get_truncated_part(const Numeric& value, uint32_t& flag) noexcept {
-    if (flag == 0) return 0;
-    return is_negative(value) ? -1 : 1;
-}
+int32_t get_truncated_part(const Numeric& value, uint32_t& flag) noexcept { return truncated_sign(value, flag != 0); }

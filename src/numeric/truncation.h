@@ -3,8 +3,7 @@
 #ifndef QV8NUMERIC_NUMERIC_TRUNCATION_H
 #define QV8NUMERIC_NUMERIC_TRUNCATION_H
 
-#include "qv8numeric.h"
-#include "wide/words.h"
+#include "wide/coefficient.h"
 
 namespace qv8numeric {
 
@@ -15,6 +14,13 @@ namespace qv8numeric {
 // NUMERIC_NAN and NUMERIC_INVALID_ARGUMENT leave num untouched; out of range writes NaN.
 NumericStatus numeric_truncation_inline(const NumericInfo& info, const int32_t& target, const int32_t& result_scale,
                                         Numeric& num, const uint32_t& mode);
+
+// The sign of a part that was cut off value, 0 when nothing was. The library itself never calls the exported name for
+// it, get_truncated_part: a host may define that name too, and then its own would be called.
+constexpr int32_t truncated_sign(const Numeric& value, bool truncated) {
+    if (!truncated) return 0;
+    return is_negative(value) ? -1 : 1;
+}
 
 }  // namespace qv8numeric
 
