@@ -71,9 +71,8 @@ bool put_fraction(BackwardText& text, Digits& digits, int64_t places) {
     return put(text, '.');
 }
 
-// The digits that are left, behind them appended zeros; a single 0 when there is no digit, which zeros do not follow.
+// The digits that are left, behind them appended zeros; one 0 when there is no digit, whatever zeros should follow it.
 bool put_integer(BackwardText& text, Digits& digits, int64_t appended_zeros, bool grouped) {
-    if (exhausted(digits)) return put(text, '0');
     unsigned in_group = 0;
     do {
         if (grouped && in_group == 3) {
@@ -88,16 +87,17 @@ bool put_integer(BackwardText& text, Digits& digits, int64_t appended_zeros, boo
     return true;
 }
 
-// The magnitude's digits at output_scale. One that leaves the range goes on as 2^127, the NaN pattern seen as a
+// The magnitude at output_scale. One that leaves the range goes on as 2^127, the NaN pattern seen as a
 // magnitude: the text then shows that number, and the status tells.
-NumericStatus scale_digits(const Numeric& value, const NumericInfo& info, int32_t output_scale, ExtendedNumeric& digits) {
+NumericStatus scale_magnitude(const Numeric& value, const NumericInfo& info, int32_t output_scale,
+                              ExtendedNumeric& magnitude) {
     const bool negative = is_negative(value);
-    digits = extend(magnitude_of(value));
+    magnitude = extend(magnitude_of(value));
     unsigned overflow = 0;
     const NumericStatus status =
-        scale_and_round(digits, negative, int64_t{output_scale} - info.scale, info.rounding_mode, overflow);
-    if (status == NUMERIC_INVALID_ARGUMENT || (overflow == 0 && fits(digits))) return status;
-    digits = extend(magnitude_of(nan_pattern));
+        scale_and_round(magnitude, negative, int64_t{output_scale} - info.scale, info.rounding_mode, overflow);
+    if (status == NUMERIC_INVALID_ARGUMENT || (overflow == 0 && fits(magnitude))) return status;
+    magnitude = extend(magnitude_of(nan_pattern));
     return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
 }
 
@@ -120,6 +120,8 @@ NumericStatus numeric_num2str_internal(const Numeric* value, const NumericInfo* 
                                        std::int32_t mode) {
     if (is_nan(*value)) return put_nan(buffer, buffer_size);
     if (is_no_buffer(buffer, buffer_size)) return NUMERIC_BUFFER_TOO_SMALL;
+    const Numeric number = *value;  // the buffer may be where it lies
+    const NumericInfo number_info = *info;
 
     char* const terminator = buffer + buffer_size - 1;
     *terminator = '\0';
@@ -127,7 +129,7 @@ NumericStatus numeric_num2str_internal(const Numeric* value, const NumericInfo* 
     if (!put_exponent(text, exponent_shift)) return NUMERIC_BUFFER_TOO_SMALL;
 
     Digits digits{};
-    const NumericStatus status = scale_digits(*value, *info, output_scale, digits.rest);
+    const NumericStatus status = scale_magnitude(number, number_info, output_scale, digits.rest);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;
 
     // A negative output scale has rounded digits away, and they stay away.
@@ -135,7 +137,7 @@ NumericStatus numeric_num2str_internal(const Numeric* value, const NumericInfo* 
     const bool complete = put_fraction(text, digits, places) &&
                           put_integer(text, digits, -places, mode == format_grouped) &&
                           // The sign is the value's, also when the digits have been rounded to zero.
-                          (!is_negative(*value) || put(text, '-'));
+                          (!is_negative(number) || put(text, '-'));
     if (!complete) return NUMERIC_BUFFER_TOO_SMALL;
     std::memmove(buffer, text.position, static_cast<std::size_t>(terminator - text.position) + 1);
     return status;
