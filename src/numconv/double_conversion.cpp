@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <limits>
 
 #include "wide/narrowing.h"
 #include "wide/shifting.h"
@@ -16,6 +17,8 @@ namespace qv8numeric {
 namespace {
 
 // ---- The fields of a double ----
+
+static_assert(std::numeric_limits<double>::is_iec559 && std::numeric_limits<double>::digits == 53);
 
 constexpr unsigned fraction_bits = 52;
 constexpr uint64_t implicit_bit = uint64_t{1} << fraction_bits;
@@ -62,9 +65,9 @@ constexpr int64_t significand_position = 192;
 Binary take_apart(uint64_t magnitude_bits) {
     const uint64_t fraction = magnitude_bits & fraction_mask;
     const auto exponent = static_cast<int64_t>(magnitude_bits >> fraction_bits);
-    const int64_t unit = 1 - exponent_bias - int64_t{fraction_bits} - significand_position;  // of exponent fields 0 and 1
-    if (exponent == 0) return {fraction, unit};
-    return {fraction | implicit_bit, unit + exponent - 1};
+    const int64_t smallest = 1 - exponent_bias - int64_t{fraction_bits} - significand_position;  // exponent fields 0, 1
+    if (exponent == 0) return {fraction, smallest};
+    return {fraction | implicit_bit, smallest + exponent - 1};
 }
 
 // The vector while it is brought from x * 2^exponent * 5^scale to an integer.
@@ -86,8 +89,8 @@ void shift_then_divide(Conversion& conversion, int64_t shift, int64_t fives) {
     if (fives > 0) drop(conversion.dropped, 0);
 }
 
-// Shifts down and multiplications by turns, as far as both last; then the rest of the shift at once. The shift is below
-// 1268 bits, and with it the turns that make x smaller are numbered: what follows only grows, and soon overflows.
+// Shifts down and multiplications by turns until the fives are used up; then the rest of the shift at once.
+// shift + fives is at most 1266, so the turns are few.
 void shift_and_multiply(Conversion& conversion, int64_t shift, int64_t fives) {
     constexpr int64_t turn = 28;
     while (fives > 0 && conversion.overflow == 0) {
@@ -99,7 +102,7 @@ void shift_and_multiply(Conversion& conversion, int64_t shift, int64_t fives) {
     shift_down(conversion, shift);
 }
 
-// Divisions and shifts up by turns, until both are used up. Either is below 1024.
+// Divisions and shifts up by turns, until both are used up. shift + fives is at most 779, so the turns are few.
 void divide_and_shift(Conversion& conversion, int64_t shift, int64_t fives) {
     constexpr int64_t turn = 27;
     uint64_t lost = 0;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// int64 and int32 from and to a Numeric. The two directions are no mirror images: into a Numeric is exact, rounds by the
-// mode and checks the full range; out of it at a scale of its own cuts off, and only ever rewrites the lowest limb.
+// int64 and int32 from and to a Numeric. The two directions are no mirror images: into a Numeric is exact, rounds by
+// the mode and checks the full range; out of it at a scale of its own cuts off, and only rewrites the lowest limb.
 #include <limits>
 
 #include "wide/narrowing.h"

@@ -15,8 +15,8 @@ struct Alignment {
     long long b_shift;
 };
 
-// At most one shift is negative: only the operand with more places can lose digits, and only when the other one has to
-// be multiplied by more than 256 bits allow.
+// At most one shift is negative: only the operand with more places can lose digits, and only when the scales differ by
+// more than the guard digits that the other one is given.
 Alignment align(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_scale);
 
 // Widens both operands to two's complement and moves each by its shift, towards zero where digits are dropped.

@@ -11,17 +11,12 @@ namespace {
 
 constexpr uint64_t magnitude_of(int32_t value) { return static_cast<uint64_t>(value < 0 ? -int64_t{value} : value); }
 
-// At most 2^127, and so including the one product whose negative is the NaN pattern.
-constexpr bool is_at_most_2_to_127(WordPair magnitude) {
-    return magnitude <= WordPair{uint64_t{1} << 63, 0};
-}
-
 struct Division {
     WordPair quotient;
     uint32_t remainder;
 };
 
-// Both words and the divisor moved up until the divisor's top bit is set: the quotient stays, the remainder moves along.
+// Dividend and divisor are moved up until the divisor's top bit is set: the quotient stays, the remainder moves along.
 constexpr Division divide(WordPair dividend, uint32_t divisor) {
     const int shift = std::countl_zero(uint64_t{divisor});  // 32 .. 62, so that 64 - shift is a valid shift as well
     const uint64_t normalized = uint64_t{divisor} << shift;
@@ -40,19 +35,19 @@ using namespace qv8numeric;
 
 extern "C" NumericStatus QV8NumericMul(Numeric* x, int32_t m) noexcept {
     if (is_nan(*x)) return NUMERIC_NAN;
-    if (m == 0) {
-        *x = Numeric{0, 0};
-        return NUMERIC_OK;
+    if (m < 0) {  // refused for every operand, also for zero: callers negate the value themselves
+        *x = nan_pattern;
+        return NUMERIC_UNDERFLOW;
     }
     const bool negative = is_negative(*x);
     const WordPair magnitude = magnitude_of(*x);
-    const WordPair low = multiply_words(magnitude.low, static_cast<uint32_t>(m));
-    const WordPair high = multiply_add(magnitude.high, static_cast<uint32_t>(m), low.high);
+    const auto multiplier = static_cast<uint64_t>(m);
+    const WordPair low = multiply_words(magnitude.low, multiplier);
+    const WordPair high = multiply_add(magnitude.high, multiplier, low.high);
     const WordPair product{high.low, low.low};
-    // A negative multiplier is refused for every operand: callers negate the value themselves. A product beyond the
-    // range is reported as NUMERIC_UNDERFLOW on either side, and one of exactly -2^127 is accepted as its pattern, NaN.
-    const bool fits = high.high == 0 && (negative ? is_at_most_2_to_127(product) : product.high >> 63 == 0);
-    if (m < 0 || !fits) {
+    // A product beyond the range is reported on one side only. One of exactly -2^127 is accepted as its pattern, NaN.
+    const WordPair largest = negative ? WordPair{uint64_t{1} << 63, 0} : WordPair{UINT64_MAX >> 1, UINT64_MAX};
+    if (high.high != 0 || product > largest) {
         *x = nan_pattern;
         return NUMERIC_UNDERFLOW;
     }

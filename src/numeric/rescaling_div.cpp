@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The quotient of two values of any scales: the dividend is brought to the scale at which the integer quotient stands at
-// the result's, divided once, and rounded once from the exact remainder.
+// The quotient of two values of any scales: the dividend is brought to the scale at which the integer quotient stands
+// at the result's, divided once, and rounded once from the exact remainder.
 #include <bit>
 
 #include "wide/narrowing.h"

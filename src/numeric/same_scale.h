@@ -7,13 +7,13 @@
 
 namespace qv8numeric {
 
-// a + b + carry, exact, or NaN and the side on which the sum left the range. result may be any of the operands' objects.
+// a + b + carry, exact, or NaN and the side on which the sum left the range.
 constexpr NumericStatus add_coefficients(WordPair a, WordPair b, uint64_t carry, Numeric& result) {
     const uint64_t low = add_with_carry(a.low, b.low, carry);
     const uint64_t high = add_with_carry(a.high, b.high, carry);
     const Numeric sum = from_bits({high, low});
     const uint64_t carry_into_sign = (high ^ a.high ^ b.high) >> 63;
-    // Both operands negative is the only way to carry out of a sum that does not fit; an exact -2^127 is the NaN pattern.
+    // Two negative operands are the only way to carry out of a sum that does not fit. An exact -2^127 is NaN's pattern.
     if (carry != carry_into_sign || is_nan(sum)) {
         result = nan_pattern;
         return carry != 0 ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;

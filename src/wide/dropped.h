@@ -11,7 +11,7 @@ namespace qv8numeric {
 inline constexpr uint32_t one_half = 0x80000000;
 
 // The remainder r of a division by d in one word: 0 for r = 0, else 2^31 - d + 2r, so that r/d compares with one half
-// as the code compares with one_half. For 0 < r < d <= 2^31 the code lies in 1 .. 2^32 - 1: it is never 0.
+// as the code compares with one_half. For 0 < r < d <= 2^31 the code lies in 2 .. 2^32 - 2: it is never 0.
 constexpr uint32_t remainder_code(uint32_t remainder, uint32_t divisor) {
     if (remainder == 0) return 0;
     return static_cast<uint32_t>(one_half - uint64_t{divisor} + 2 * uint64_t{remainder});

@@ -47,10 +47,9 @@ constexpr LimbQuotient divide_limb(uint64_t x, const divisor_t& d) {
 
 // r = a * m modulo 2^256; what left the top is ORed into overflow. r may be a. A factor of 0 leaves overflow alone.
 constexpr void mul_unsigned(const ExtendedNumeric& a, const unsigned& m, ExtendedNumeric& r, unsigned& overflow) {
-    const unsigned factor = m;
     uint64_t carry = 0;
     for (unsigned i = 0; i < 4; ++i) {
-        const WordPair product = multiply_add(a.word[i], factor, carry);
+        const WordPair product = multiply_add(a.word[i], m, carry);
         r.word[i] = product.low;
         carry = product.high;  // below the factor, so below 2^32
     }

@@ -24,7 +24,7 @@ constexpr ScalePasses passes_for(uint64_t digits) {
 }
 
 // x * 10^digits modulo 2^256; overflow becomes nonzero when anything left the top.
-// Beyond 87 digits the power is 10^(80 + digits % 8): the product is that of no smaller scale, but no less too large.
+// Beyond 87 digits the power applied is 10^(80 + digits % 8), which already takes every nonzero x out of the top.
 constexpr void scale_up(ExtendedNumeric& x, uint64_t digits, unsigned& overflow) {
     const ScalePasses passes = passes_for(digits);
     for (unsigned pass = 0; pass < passes.eights; ++pass) mul_unsigned(x, power_of_ten[8], x, overflow);
@@ -45,7 +45,7 @@ constexpr void scale_by(ExtendedNumeric& x, int64_t places, unsigned& overflow, 
     if (places >= 0) {
         scale_up(x, static_cast<uint64_t>(places), overflow);
     } else {
-        scale_down(x, static_cast<uint64_t>(-places), dropped);
+        scale_down(x, wrapping_negate(static_cast<uint64_t>(places)), dropped);
     }
 }
 

@@ -41,6 +41,7 @@ struct WordPair {
 QV8NUMERIC_MAY_WRAP constexpr uint64_t wrapping_add(uint64_t a, uint64_t b) { return a + b; }
 QV8NUMERIC_MAY_WRAP constexpr uint64_t wrapping_subtract(uint64_t a, uint64_t b) { return a - b; }
 QV8NUMERIC_MAY_WRAP constexpr uint64_t wrapping_multiply(uint64_t a, uint64_t b) { return a * b; }
+constexpr uint64_t wrapping_negate(uint64_t a) { return wrapping_subtract(0, a); }
 
 // a + b + carry; carry (0 or 1) becomes the carry out. At most one of the two additions wraps, since a + b <= 2^65 - 2.
 constexpr uint64_t add_with_carry(uint64_t a, uint64_t b, uint64_t& carry) {
