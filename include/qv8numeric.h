@@ -17,9 +17,11 @@
  *   Range     Results lie in -(2^127 - 1) .. 2^127 - 1, which holds every number of 38 digits. One beyond becomes NaN,
  *             with NUMERIC_OVERFLOW or NUMERIC_UNDERFLOW by the sign of the true result.
  *   Aliasing  An output Numeric may be the same object as any Numeric operand.
- *   Pointers  No pointer may be null, and each must be aligned for its type; neither is checked.
+ *   Pointers  No pointer may be null, but where the manual of a function allows it, and each must be aligned for its
+ *             type; neither is checked.
  *   State     There is none: no allocation, no locale, no environment, no global or thread-local variable, no errno.
- *             Any number of threads may call anything at any time on outputs that are not shared.
+ *             Any number of threads may call anything at any time on outputs that are not shared. (The debug printers
+ *             at the end go through stdio, and share its state.)
  *   Time      Bounded by a constant, whatever the values, scales and exponents; for text, at most linear in the bytes
  *             read or in the bytes of buffer written.
  *   C++       The functions are noexcept.
@@ -55,10 +57,10 @@
 /* Tells the compiler which pointers must not be null, so that it can warn. */
 #if defined(__GNUC__)
 #  define QV8NUMERIC_NONNULL __attribute__((nonnull))
-#  define QV8NUMERIC_NONNULL_BUT_LAST(...) __attribute__((nonnull(__VA_ARGS__)))
+#  define QV8NUMERIC_NONNULL_ARGUMENTS(...) __attribute__((nonnull(__VA_ARGS__)))
 #else
 #  define QV8NUMERIC_NONNULL
-#  define QV8NUMERIC_NONNULL_BUT_LAST(...)
+#  define QV8NUMERIC_NONNULL_ARGUMENTS(...)
 #endif
 
 #if defined(__cplusplus)
@@ -90,7 +92,10 @@ typedef struct NumericInfo {
     uint32_t rounding_mode; /* one of NUMERIC_ROUND_..., for results that this descriptor describes */
 } NumericInfo;
 
-/* Negative: not done. 0 and NUMERIC_INEXACT: done. Other positive values: done, and the result is NaN. */
+/*
+ * 0 and NUMERIC_INEXACT: done. Another positive value: done, and a Numeric result is NaN. Negative: not done, and
+ * outputs are untouched. The manuals of the functions name the exceptions.
+ */
 typedef int32_t NumericStatus;
 
 enum {
@@ -194,8 +199,8 @@ QV8NUMERIC_API NumericStatus QV8NumericRound(const NumericInfo* info, int32_t pl
  * NUMERIC_UNDERFLOW  the product is beyond the range, on either side; *x is NaN
  *
  * Departures that hosts rely on: there is no NUMERIC_OVERFLOW. A negative m is refused with NUMERIC_UNDERFLOW for every
- * *x, zero included: multiply by -m and subtract the product from zero. A product of exactly -2^127 is accepted with
- * NUMERIC_OK, and its pattern is NaN.
+ * *x, zero included: multiply by -m (for any m but INT32_MIN) and subtract the product from zero. A product of exactly
+ * -2^127 is accepted with NUMERIC_OK, and its pattern is NaN.
  */
 QV8NUMERIC_API NumericStatus QV8NumericMul(Numeric* x, int32_t m) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 
@@ -234,7 +239,7 @@ QV8NUMERIC_API NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info,
  * - A negative value that rounds to zero is NaN and NUMERIC_OVERFLOW.
  * - Removing places rounds at from's scale first. A value so close to the limit that this leaves the range goes on as
  *   -2^127: for *src > 0 that is NaN and NUMERIC_OVERFLOW (0 and NUMERIC_OK when more than 38 places go), for *src < 0
- *   it is -2^127 over the power of ten, cut off.
+ *   it is -2^127 over the power of ten, cut off (NaN and NUMERIC_OVERFLOW when that is zero).
  * - Adding places works modulo 2^256, and refuses a result whose sign bit changed or whose upper four 32-bit limbs are
  *   not all alike. A product beyond the range that meets both is let through with its low 128 bits; that takes at least
  *   30 added places. Beyond 87 places the factor is 10^(80 + places mod 8).
@@ -257,7 +262,8 @@ QV8NUMERIC_API NumericStatus QV8NumericRescale(const NumericInfo* from, const Nu
  * Scales that differ by up to 38 are aligned exactly. Beyond that the operand with fewer places is given 38 more (48
  * when its upper half is only a sign), and what the other operand holds below them is replaced by one unit there in the
  * direction of its sign: enough to be seen by every mode and by the status. Only a sum whose dropped part lies within
- * that one unit of a tie or of the next whole result can be rounded as if it lay on it.
+ * that one unit of a tie or of the next whole result can be rounded as if it lay on it: 1 at scale 0 plus 99999999995
+ * at scale 49, into scale 38 and rounded down, is 10^38 + 1.
  *
  * Cost: the same-scale operation when all three scales are equal; else at most 11 passes over 256 bits per change of
  * scale.
@@ -291,7 +297,7 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingMul(const NumericInfo* a_info, c
 
 /*
  * *result = *a / *b at the scale of result_info, rounded once by its mode from the exact remainder.
- * Statuses as for QV8NumericRescalingAdd; a divisor of zero is NUMERIC_NAN with a result of NaN.
+ * Statuses as for QV8NumericRescalingAdd; a divisor of zero, found after the modes, is NUMERIC_NAN and NaN.
  *
  * Departure that hosts rely on: where |*b| is below 2^64 and |*a| times the power of ten that brings it to the result's
  * scale is 2^224 or more, the part above 2^192 is lost without notice if bits 192 to 223 of it are zero.
@@ -309,10 +315,12 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, c
  *
  *   output_scale    The value is rounded to this many places, by info's mode, and all of them are written. A negative
  *                   one rounds to tens, hundreds ..., and the digits rounded away are not written back: 12345 at output
- *                   scale -1 is "1235" (mode HALF_UP). For a value with its zeros, pass a negative exponent_shift.
+ *                   scale -1 is "1235" (mode HALF_UP). For the rounded value with its zeros, "12350", round it with
+ *                   QV8NumericRound and write it at output scale 0.
  *   exponent_shift  Not 0: the text shows the value times 10^exponent_shift and ends in "E" and the exponent that takes
  *                   this back. 1234.5 at output scale 4 and shift -3 is "1.2345000E+3"; at 1 and 3, "1234500E-3".
  *   buffer          Receives the text and its NUL, at its start. Its bytes behind the NUL are unspecified afterwards.
+ *                   May be null when buffer_size is 0.
  *   buffer_size     In bytes. No byte beyond is touched. The text fits when its length + 1 is at most buffer_size;
  *                   QV8NUMERIC_TEXT_SIZE and QV8NUMERIC_GROUPED_TEXT_SIZE below give a size that always suffices.
  *
@@ -332,10 +340,10 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, c
  */
 QV8NUMERIC_API NumericStatus QV8NumericNum2Str(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
                                                int32_t output_scale, char* buffer, size_t buffer_size)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_BUT_LAST(1, 2);
+    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2);
 QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
                                                  int32_t output_scale, char* buffer, size_t buffer_size)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_BUT_LAST(1, 2);
+    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2);
 
 /*
  * A buffer size, NUL included, that never gives NUMERIC_BUFFER_TOO_SMALL for this exponent_shift and output_scale,
@@ -371,7 +379,8 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  *
  *     number = [sign] digits ["." [digits]] [("E"|"e") [sign] digits]  |  [sign] "." digits [("E"|"e") [sign] digits]
  *
- *   text  NUL-terminated. No blank is skipped. What follows the literal ends it and is no error.
+ *   text  NUL-terminated. No blank is skipped. What follows the literal ends it and is no error. But a marker needs
+ *         its exponent: "1e" is no literal, and not 1.
  *   end   Null, or receives the address of the first character behind the literal: with *end at the NUL all of the
  *         text was a number. See below for where that differs.
  *
@@ -387,7 +396,8 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  * Departures that hosts rely on:
  * - Of a mantissa at least 41 and at most 45 significant digits are taken: three at a time while 42 or fewer are held,
  *   the last one or two of a run while 40 or fewer are. Further digits count as zeros and do not make the result
- *   inexact. Zeros before the first other digit are skipped, but not behind the point.
+ *   inexact. Zeros before the first other digit are skipped, but not behind the point, and by the same steps of three:
+ *   up to two of them may count as digits.
  * - *end stays at the start of the last token when that is a run of four or more exponent digits ("1E1234": at the
  *   first "1" behind the E) or groups of an exponent ("1E1,000": at the ",").
  * - A group is a comma and exactly three digits. Groups behind a run of four or more digits, behind the point or behind
@@ -397,9 +407,9 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  *   mantissa: "1E5E" is 15.
  */
 QV8NUMERIC_API NumericStatus QV8NumericStr2Num(const char* text, const NumericInfo* info, Numeric* result, char** end)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_BUT_LAST(1, 2, 3);
+    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2, 3);
 QV8NUMERIC_API NumericStatus QV8NumericDgstr2Num(const char* text, const NumericInfo* info, Numeric* result, char** end)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_BUT_LAST(1, 2, 3);
+    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2, 3);
 
 /* ---- Machine integers ------------------------------------------------------------------------------------------- */
 
@@ -431,7 +441,7 @@ QV8NUMERIC_API NumericStatus QV8NumericInt2Num(int32_t value, const NumericInfo*
  *
  * Departures that hosts rely on, at scales other than 0: only the lowest 32 bits of the coefficient's magnitude are
  * replaced by those of the result, modulo 2^32; the bits above stay the coefficient's own. Every negative *in is
- * NUMERIC_UNDERFLOW. To convert any value, bring it to scale 0 with QV8NumericRescale first.
+ * NUMERIC_UNDERFLOW. To convert any value, bring it to scale 0 first, with QV8NumericRescalingAdd and a zero.
  */
 QV8NUMERIC_API NumericStatus QV8NumericNum2Long(const Numeric* in, const NumericInfo* info,
                                                 int64_t* out) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
@@ -453,8 +463,9 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Int(const Numeric* in, const NumericI
  * A zero of either sign is zero.
  *
  * The value is taken exactly. For scales 0 to 72 the result is exact or rounded once. Elsewhere the 256-bit vector in
- * which the power of ten is applied may drop bits early; they count as a sticky bit, and near a tie the last place may
- * then differ from that of exact arithmetic: 5.0 at scale -1 in mode HALF_UP is 0.
+ * which the power of ten is applied drops bits before the last step; they still count as something dropped, but at
+ * negative scales a dropped part from one half to just under six tenths may round as if it were below one half: 5.0 at
+ * scale -1 in mode HALF_UP is 0, and so is 5.99.
  */
 QV8NUMERIC_API NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out,
                                                double value) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
