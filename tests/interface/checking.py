@@ -1,0 +1,21 @@
+# SPDX-License-Identifier: MIT
+"""What the checks share: running a tool, reading the list of names, and ending with everything that was found."""
+import subprocess
+import sys
+
+
+def output(*command):
+    """The standard output of a command that has to succeed."""
+    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
+
+
+def listed_names(path):
+    with open(path, encoding='ascii') as file:
+        return {line.strip() for line in file if line.strip() and not line.startswith('#')}
+
+
+def finish(findings):
+    """Prints what is wrong, one line each; fails unless nothing is."""
+    for finding in findings:
+        print(finding)
+    sys.exit(1 if findings else 0)

@@ -1,0 +1,39 @@
+# SPDX-License-Identifier: MIT
+"""The shared library exports the listed names, each under the one version node, and nothing else; so does the linker's
+version script.
+
+usage: exports.py LIBRARY VERSION_SCRIPT NAMES
+"""
+import re
+import sys
+
+from checking import finish, listed_names, output
+
+NODE = 'QV8NUMERIC_1'
+
+
+def exported_symbols(library):
+    """name@@version of everything in the dynamic symbol table but the node's own entry, an absolute symbol."""
+    lines = output('nm', '--dynamic', '--defined-only', '--with-symbol-versions', library).splitlines()
+    return {name for _, kind, name in map(str.split, lines) if kind != 'A'}
+
+
+def script_names(path):
+    with open(path, encoding='ascii') as file:
+        script = re.sub(r'/\*.*?\*/', '', file.read(), flags=re.DOTALL)
+    node = re.fullmatch(rf'\s*{NODE} {{\s*global:(.*)local:\s*\*;\s*}};\s*', script, flags=re.DOTALL)
+    return set(re.findall(r'[^\s;]+', node.group(1))) if node else set()
+
+
+def differences(what, actual, expected):
+    return ([f'{what} lacks {name}' for name in sorted(expected - actual)] +
+            [f'{what} has {name} besides' for name in sorted(actual - expected)])
+
+
+def main(library, script, names):
+    expected = listed_names(names)
+    finish(differences('the library', exported_symbols(library), {f'{name}@@{NODE}' for name in expected}) +
+           differences('the version script', script_names(script), expected))
+
+
+main(*sys.argv[1:])
