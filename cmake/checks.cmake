@@ -11,8 +11,8 @@ if(QV8NUMERIC_WERROR)
     target_compile_options(qv8numeric_checks INTERFACE
         -Werror -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wdouble-promotion -Wfloat-equal -Wshadow
         -Wundef -Wcast-qual -Wcast-align -Wformat=2 -Wmissing-declarations -Wredundant-decls -Wimplicit-fallthrough
-        $<${cxx}:-Wold-style-cast> $<${cxx}:-Wextra-semi> $<${cxx}:-Wnon-virtual-dtor> $<${cxx}:-Woverloaded-virtual>
-        "$<$<AND:${cxx},${gcc}>:-Wuseless-cast;-Wduplicated-cond;-Wduplicated-branches;-Wlogical-op;-Warith-conversion>"
+        $<${cxx}:-Wold-style-cast> $<${cxx}:-Wextra-semi> $<${cxx}:-Wnon-virtual-dtor>
+        "$<$<AND:${cxx},${gcc}>:-Wduplicated-cond;-Wlogical-op;-Warith-conversion;-Wzero-as-null-pointer-constant>"
         "$<$<AND:${cxx},${clang}>:-Wcomma;-Wunreachable-code-aggressive;-Wshadow-all;-Wextra-semi-stmt;-Wdocumentation>")
 endif()
 

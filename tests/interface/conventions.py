@@ -10,25 +10,27 @@ import sys
 from checking import finish
 
 LICENCE = 'SPDX-License-Identifier: MIT'
-WITHOUT_COMMENTS = ('.csv',)
-LICENCE_WITHIN = 5  # lines: the first, or after the few that a format wants before it
+LICENCE_WITHIN = 3  # lines: the first, or behind what a format wants there
 
 
 def tracked_files(root):
-    """What git tracks; in a source archive everything but build folders and caches."""
+    """What git tracks; in a source archive everything outside of build folders and caches."""
     listing = subprocess.run(['git', '-C', root, 'ls-files', '-z'], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
     if listing.returncode == 0:
         return [name for name in listing.stdout.decode().split('\0') if name and os.path.exists(f'{root}/{name}')]
     found = []
     for folder, folders, files in os.walk(root):
-        folders[:] = [name for name in folders if name not in ('.git', 'b', '__pycache__') and name[:5] != 'build']
+        if 'CMakeCache.txt' in files:
+            folders.clear()
+            continue
+        folders[:] = set(folders) - {'.git', '__pycache__'}
         found += [os.path.relpath(os.path.join(folder, name), root) for name in files]
     return found
 
 
 def file_findings(name, text):
     lines = text.split('\n')
-    if not name.endswith(WITHOUT_COMMENTS) and not any(LICENCE in line for line in lines[:LICENCE_WITHIN]):
+    if not any(LICENCE in line for line in lines[:LICENCE_WITHIN]):
         yield f'{name}:1: no "{LICENCE}"'
     for number, line in enumerate(lines, 1):
         if line != line.rstrip():

@@ -9,8 +9,14 @@
 #define JOIN(a, b) JOIN_TOKENS(a, b)
 #define ASSERT(condition) typedef char JOIN(assertion_in_line_, __LINE__)[(condition) ? 1 : -1]
 
-struct after_char_word { char first; uint64_t second; };
-struct after_char_numeric { char first; struct Numeric second; };
+struct after_char_word {
+    char first;
+    uint64_t second;
+};
+struct after_char_numeric {
+    char first;
+    struct Numeric second;
+};
 
 ASSERT(sizeof(struct Numeric) == 16);
 ASSERT(offsetof(struct Numeric, low) == 0);

@@ -5,7 +5,9 @@
 double dump(double x, int y);
 double dump(double x, int y) { return x + y; }
 
-struct get_truncated_part { int member; };
+struct get_truncated_part {
+    int member;
+};
 char get_truncated_part(struct get_truncated_part* self);
 char get_truncated_part(struct get_truncated_part* self) { return self->member ? 'y' : 'n'; }
 
