@@ -19,6 +19,8 @@ endif()
 if(QV8NUMERIC_SANITIZE)
     set(sanitize -fsanitize=${QV8NUMERIC_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_compile_options(qv8numeric_checks INTERFACE ${sanitize})
+    # The check of indirect calls wants the type information of the C++ runtime, which the library is linked without.
+    target_compile_options(qv8numeric_checks INTERFACE $<${clang}:-fno-sanitize=function>)
     target_link_options(qv8numeric_checks INTERFACE ${sanitize})
     if(QV8NUMERIC_SANITIZE MATCHES "unsigned-integer-overflow")
         # Wrapping unsigned numbers is no mistake; the standard library's headers do it wherever it suits them.
