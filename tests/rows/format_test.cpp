@@ -177,12 +177,11 @@ TEST(FormatPlain, TieAtEveryDistance) {
 }
 
 constexpr FormatRow kOverflowRows[] = {
-    {"one place too many", "2^127-1", 0, kHalfEven, 0, 1, NUMERIC_OVERFLOW,
-     "17014118346046923173168730371588410572.8"},
+    {"one place too many", "2^127-1", 0, kHalfEven, 0, 1, NUMERIC_OVERFLOW, "17014118346046923173168730371588410572.8"},
     {"one place too many for the smallest value", "-2^127+1", 0, kHalfEven, 0, 1, NUMERIC_UNDERFLOW,
      "-17014118346046923173168730371588410572.8"},
-    {"the last value that takes another place", "17014118346046923173168730371588410572", 0, kHalfEven, 0, 1, NUMERIC_OK,
-     "17014118346046923173168730371588410572.0"},
+    {"the last value that takes another place", "17014118346046923173168730371588410572", 0, kHalfEven, 0, 1,
+     NUMERIC_OK, "17014118346046923173168730371588410572.0"},
     {"the first value that does not", "17014118346046923173168730371588410573", 0, kHalfEven, 0, 1, NUMERIC_OVERFLOW,
      "17014118346046923173168730371588410572.8"},
     {"thirty-eight places of one", "1", 0, kHalfEven, 0, 38, NUMERIC_OK, "1.00000000000000000000000000000000000000"},

@@ -9,7 +9,6 @@
 #include "modes.h"
 #include "values.h"
 
-#if defined(QV8NUMERIC_TEXT_SIZE) && defined(QV8NUMERIC_GROUPED_TEXT_SIZE)
 namespace qv8numeric_tests {
 namespace {
 
@@ -41,8 +40,8 @@ struct Value {
 };
 
 // Written with all their digits, and as the 39 digits that stand for an overflow.
-constexpr Value kValues[] = {{"0", 0},         {"1", 0},     {"-1", 0},     {"2^127-1", 0},  {"-2^127+1", 0},
-                             {"10^38", 0},     {"-10^38", 0}, {"-2^64", 0}, {"2^127-1", 1}, {"-2^127+1", 1}};
+constexpr Value kValues[] = {{"0", 0},     {"1", 0},      {"-1", 0},    {"2^127-1", 0}, {"-2^127+1", 0},
+                             {"10^38", 0}, {"-10^38", 0}, {"-2^64", 0}, {"2^127-1", 1}, {"-2^127+1", 1}};
 
 TEST(TextSize, IsEnoughForEveryShiftAndScale) {
     std::vector<char> buffer;
@@ -75,10 +74,20 @@ std::uint64_t longest_text(bool grouped, std::int64_t shift, std::int64_t output
 }
 
 TEST(TextSize, ReachesTheLongestTextAtTheExtremes) {
-    constexpr std::int32_t kEdges[] = {INT32_MIN, INT32_MIN + 1, -1000000000, -1000000, -10000, -9999, -1000, -100,
-                                       -40,       -39,           -10,         -1,       0,      1,     9,     10,
-                                       39,        40,            99,          100,      1000,   9999,  10000, 100000000,
-                                       1000000000, INT32_MAX - 1, INT32_MAX};
+    constexpr std::int32_t kEdges[] = {INT32_MIN,   INT32_MIN + 1,
+                                       -1000000000, -1000000,
+                                       -10000,      -9999,
+                                       -1000,       -100,
+                                       -40,         -39,
+                                       -10,         -1,
+                                       0,           1,
+                                       9,           10,
+                                       39,          40,
+                                       99,          100,
+                                       1000,        9999,
+                                       10000,       100000000,
+                                       1000000000,  INT32_MAX - 1,
+                                       INT32_MAX};
     for (const Form& form : kForms) {
         for (const std::int32_t shift : kEdges) {
             for (const std::int32_t output_scale : kEdges) {
@@ -97,14 +106,14 @@ TEST(TextSize, IsEnoughAtTheExtremesThatFitIntoMemory) {
         std::int32_t shift;
         std::int32_t output_scale;
     };
-    constexpr Edge kEdges[] = {{0, INT32_MIN}, {1, INT32_MIN},      {-1, INT32_MIN},     {10000, 0},
-                               {-10000, 0},    {1000000, 0},        {-1000000, 0},       {0, 1000000},
+    constexpr Edge kEdges[] = {{0, INT32_MIN},     {1, INT32_MIN},       {-1, INT32_MIN},       {10000, 0},
+                               {-10000, 0},        {1000000, 0},         {-1000000, 0},         {0, 1000000},
                                {1000000, 1000000}, {1000000, INT32_MIN}, {-1000000, INT32_MIN}, {500000, 1000000}};
     for (const Form& form : kForms) {
         for (const Edge& edge : kEdges) {
             const std::size_t size = form.size(edge.shift, edge.output_scale);
-            ASSERT_LE(size, kLargestBuffer) << form.name << ", shift " << edge.shift << ", output scale "
-                                            << edge.output_scale;
+            ASSERT_LE(size, kLargestBuffer)
+                << form.name << ", shift " << edge.shift << ", output scale " << edge.output_scale;
             std::vector<char> buffer(size);
             for (const Value& value : kValues) {
                 const Numeric coefficient = num(value.coefficient);
@@ -130,4 +139,3 @@ TEST(TextSize, NanFits) {
 
 }  // namespace
 }  // namespace qv8numeric_tests
-#endif
