@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// The one decision, over everything it can depend on, and the increment that follows from it.
+#include "wide/rounding.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "wide_values.h"
+
+namespace qv8numeric_tests {
+namespace {
+
+using namespace qv8numeric;
+
+// '+' where the kept magnitude grows by one: positive and even, positive and odd, negative and even, negative and odd.
+using KeptMagnitudes = const char*;
+
+struct ModeRow {
+    uint32_t mode;
+    KeptMagnitudes nothing;
+    KeptMagnitudes below_half;
+    KeptMagnitudes exactly_half;
+    KeptMagnitudes above_half;
+};
+
+constexpr ModeRow kModeRows[] = {
+    {NUMERIC_ROUND_UP, "....", "++++", "++++", "++++"},
+    {NUMERIC_ROUND_DOWN, "....", "....", "....", "...."},
+    {NUMERIC_ROUND_CEILING, "....", "++..", "++..", "++.."},
+    {NUMERIC_ROUND_FLOOR, "....", "..++", "..++", "..++"},
+    {NUMERIC_ROUND_HALF_UP, "....", "....", "++++", "++++"},
+    {NUMERIC_ROUND_HALF_DOWN, "....", "....", "....", "++++"},
+    {NUMERIC_ROUND_HALF_EVEN, "....", "....", ".+.+", "++++"},
+};
+
+struct DroppedRow {
+    const char* name;
+    Dropped dropped;
+    Fraction fraction;
+};
+
+constexpr DroppedRow kDroppedRows[] = {
+    {"nothing", {0, 0}, Fraction::nothing},
+    {"the smallest code", {1, 0}, Fraction::below_half},
+    {"the largest code below half", {0x7FFFFFFF, 0}, Fraction::below_half},
+    {"below half, with more below that", {1, 1}, Fraction::below_half},
+    {"the largest below half, with as much below that as there can be", {0x7FFFFFFF, UINT32_MAX}, Fraction::below_half},
+    {"the smallest sticky alone", {0, 1}, Fraction::below_half},
+    {"a sticky that looks like half", {0, 0x80000000}, Fraction::below_half},
+    {"the largest sticky alone", {0, UINT32_MAX}, Fraction::below_half},
+    {"half", {0x80000000, 0}, Fraction::exactly_half},
+    {"half, with more below that", {0x80000000, 1}, Fraction::above_half},
+    {"half, with a sticky that looks like half", {0x80000000, 0x80000000}, Fraction::above_half},
+    {"the smallest code above half", {0x80000001, 0}, Fraction::above_half},
+    {"the largest code", {UINT32_MAX, 0}, Fraction::above_half},
+    {"above half, with more below that", {0x80000001, 1}, Fraction::above_half},
+    {"as much as there can be", {UINT32_MAX, UINT32_MAX}, Fraction::above_half},
+};
+
+KeptMagnitudes increased(const ModeRow& row, Fraction fraction) {
+    switch (fraction) {
+        case Fraction::nothing: return row.nothing;
+        case Fraction::below_half: return row.below_half;
+        case Fraction::exactly_half: return row.exactly_half;
+        case Fraction::above_half: return row.above_half;
+    }
+    return "an invalid fraction";
+}
+
+TEST(Rounding, DroppedWordsStandForAFraction) {
+    for (const DroppedRow& row : kDroppedRows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(fraction_of(row.dropped), row.fraction);
+    }
+}
+
+TEST(Rounding, DecisionOfEveryModeForEverySignParityAndFraction) {
+    for (const ModeRow& mode : kModeRows) {
+        SCOPED_TRACE(mode_name(mode.mode));
+        for (const DroppedRow& row : kDroppedRows) {
+            SCOPED_TRACE(row.name);
+            std::string decisions;
+            for (const bool negative : {false, true}) {
+                for (const bool odd : {false, true}) {
+                    decisions += rounds_away(mode.mode, row.dropped, negative, odd) ? '+' : '.';
+                }
+            }
+            EXPECT_EQ(decisions, increased(mode, row.fraction));
+        }
+    }
+}
+
+TEST(Rounding, MagnitudeFollowsTheDecision) {
+    for (const ModeRow& mode : kModeRows) {
+        SCOPED_TRACE(mode_name(mode.mode));
+        for (const DroppedRow& row : kDroppedRows) {
+            SCOPED_TRACE(row.name);
+            const NumericStatus expected_status = row.fraction == Fraction::nothing ? NUMERIC_OK : NUMERIC_INEXACT;
+            KeptMagnitudes expected = increased(mode, row.fraction);
+            for (const bool negative : {false, true}) {
+                for (const uint64_t kept : {UINT64_C(4), UINT64_C(7)}) {
+                    ExtendedNumeric magnitude{{kept, 0, 0, 0}};
+                    EXPECT_EQ(round_magnitude(magnitude, row.dropped, negative, mode.mode), expected_status);
+                    EXPECT_EQ(magnitude, (ExtendedNumeric{{*expected == '+' ? kept + 1 : kept, 0, 0, 0}}));
+                    ++expected;
+                }
+            }
+        }
+    }
+}
+
+struct CarryRow {
+    const char* name;
+    unsigned bits;  // all of them set
+};
+
+constexpr CarryRow kCarryRows[] = {
+    {"no carry out of a limb's worth of bits", 32},
+    {"into word 1", 64},
+    {"into limb 3", 96},
+    {"to 2^127, out of the range", 127},
+    {"into word 2", 128},
+    {"into word 3", 192},
+    {"into the top bit", 255},
+};
+
+TEST(Rounding, IncrementCarriesAcrossWords) {
+    for (const CarryRow& row : kCarryRows) {
+        SCOPED_TRACE(row.name);
+        ExtendedNumeric magnitude = wide(two_to(row.bits) - 1);
+        EXPECT_EQ(round_magnitude(magnitude, {1, 0}, false, NUMERIC_ROUND_UP), NUMERIC_INEXACT);
+        EXPECT_EQ(magnitude, wide(two_to(row.bits)));
+    }
+}
+
+TEST(Rounding, ModesThatAreNoneTouchNothing) {
+    const ExtendedNumeric before = wide(two_to(200) + 1);
+    for (const uint32_t mode : {7U, 8U, 14U, 255U, 256U, 0x80000000U, UINT32_MAX}) {
+        SCOPED_TRACE(mode);
+        EXPECT_FALSE(is_rounding_mode(mode));
+        for (const DroppedRow& row : kDroppedRows) {
+            SCOPED_TRACE(row.name);
+            ExtendedNumeric magnitude = before;
+            EXPECT_EQ(round_magnitude(magnitude, row.dropped, false, mode), NUMERIC_INVALID_ARGUMENT);
+            EXPECT_EQ(magnitude, before);
+        }
+    }
+}
+
+struct ThreeModesRow {
+    const char* name;
+    uint32_t a;
+    uint32_t b;
+    uint32_t result;
+    bool valid;
+};
+
+constexpr ThreeModesRow kThreeModesRows[] = {
+    {"the lowest of all", 0, 0, 0, true},     {"the highest of all", 6, 6, 6, true},
+    {"the first is none", 7, 0, 0, false},    {"the second is none", 0, 7, 0, false},
+    {"the result's is none", 0, 0, 7, false}, {"none is one", UINT32_MAX, UINT32_MAX, UINT32_MAX, false},
+};
+
+TEST(Rounding, ThreeDescriptorsAreAllLookedAt) {
+    for (const ThreeModesRow& row : kThreeModesRows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(are_rounding_modes({0, row.a}, {0, row.b}, {0, row.result}), row.valid);
+    }
+}
+
+static_assert(is_rounding_mode(6) && !is_rounding_mode(7) && !are_rounding_modes({0, 0}, {0, 7}, {0, 0}));
+static_assert(fraction_of({one_half, 0}) == Fraction::exactly_half);
+static_assert(rounds_away(NUMERIC_ROUND_HALF_EVEN, {one_half, 0}, false, true));
+static_assert(!rounds_away(NUMERIC_ROUND_HALF_EVEN, {one_half, 0}, false, false));
+static_assert([] {
+    ExtendedNumeric magnitude{{UINT64_MAX, 0, 0, 0}};
+    const NumericStatus status = round_magnitude(magnitude, {one_half, 1}, true, NUMERIC_ROUND_HALF_DOWN);
+    return status == NUMERIC_INEXACT && magnitude.word[0] == 0 && magnitude.word[1] == 1;
+}());
+
+}  // namespace
+}  // namespace qv8numeric_tests
