@@ -28,7 +28,7 @@ inline Integer integer(const qv8numeric::WordPair& pair) { return (Integer{pair.
 
 inline Integer integer(const ExtendedNumeric& x) {
     Integer value = 0;
-    for (unsigned i = 4; i-- > 0;) value = (value << 64) + x.word[i];
+    for (const unsigned i : {3U, 2U, 1U, 0U}) value = (value << 64) + x.word[i];
     return value;
 }
 
