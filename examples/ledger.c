@@ -34,7 +34,7 @@ enum { EXIT_USAGE = 2 };
 
 enum { MODE_COUNT = NUMERIC_ROUND_HALF_EVEN + 1 };
 
-static const char *const mode_names[MODE_COUNT] = {
+static const char* const mode_names[MODE_COUNT] = {
     [NUMERIC_ROUND_UP] = "up",
     [NUMERIC_ROUND_DOWN] = "down",
     [NUMERIC_ROUND_CEILING] = "ceiling",
@@ -45,7 +45,7 @@ static const char *const mode_names[MODE_COUNT] = {
 };
 
 struct currency {
-    const char *code;
+    const char* code;
     int32_t places;
 };
 
@@ -54,7 +54,7 @@ static const struct currency currencies[] = {{"BHD", 3}, {"EUR", 2}, {"JPY", 0},
 
 enum { CURRENCY_COUNT = sizeof currencies / sizeof currencies[0] };
 
-static const char *status_name(NumericStatus status) {
+static const char* status_name(NumericStatus status) {
     switch (status) {
         case NUMERIC_OK: return "NUMERIC_OK";
         case NUMERIC_NAN: return "NUMERIC_NAN";
@@ -75,14 +75,14 @@ static int succeeded(NumericStatus status) { return status == NUMERIC_OK || stat
 
 struct fault {
     unsigned long line;
-    const char *field;
+    const char* field;
     NumericStatus status;
-    const char *reason;
+    const char* reason;
     char excerpt[EXCERPT_LIMIT + sizeof "''..."];
 };
 
 /* Quotes the start of a text from the file; bytes that could disturb a terminal become question marks. */
-static void quote_excerpt(char *excerpt, size_t size, const char *text) {
+static void quote_excerpt(char* excerpt, size_t size, const char* text) {
     snprintf(excerpt, size, "'%.*s'%s", EXCERPT_LIMIT, text, strlen(text) > EXCERPT_LIMIT ? "..." : "");
     for (; *excerpt != '\0'; excerpt++) {
         if (*excerpt < ' ' || *excerpt > '~') {
@@ -95,7 +95,7 @@ static void quote_excerpt(char *excerpt, size_t size, const char *text) {
  * Describes a fault; text is the part of the file it lies in, NULL for an amount that was computed. Always 0, so that
  * a function which finds a fault can describe it and fail in one statement.
  */
-static int refuse(struct fault *fault, const char *field, NumericStatus status, const char *reason, const char *text) {
+static int refuse(struct fault* fault, const char* field, NumericStatus status, const char* reason, const char* text) {
     fault->field = field;
     fault->status = status;
     fault->reason = reason;
@@ -107,7 +107,7 @@ static int refuse(struct fault *fault, const char *field, NumericStatus status, 
 }
 
 /* The one place that judges a computed amount. */
-static int accept_amount(NumericStatus status, const char *name, struct fault *fault) {
+static int accept_amount(NumericStatus status, const char* name, struct fault* fault) {
     return succeeded(status) || refuse(fault, name, status, "too large for 128 bits", NULL);
 }
 
@@ -120,7 +120,7 @@ struct line {
 };
 
 /* Reads a line and takes off its end, "\n" or "\r\n" or that of the file. Returns 0 when there is no line. */
-static int read_line(FILE *file, struct line *line) {
+static int read_line(FILE* file, struct line* line) {
     size_t stored;
     int c = getc(file);
 
@@ -141,9 +141,9 @@ static int read_line(FILE *file, struct line *line) {
 }
 
 /* Takes off the quotes of a field in place. Returns what follows the closing quote, NULL when there is none. */
-static char *unquote(char *field) {
-    char *out = field;
-    char *in = field + 1;
+static char* unquote(char* field) {
+    char* out = field;
+    char* in = field + 1;
 
     for (; *in != '\0'; *out++ = *in++) {
         if (*in == '"' && *++in != '"') { /* two quotes stand for one, a single quote closes */
@@ -155,11 +155,11 @@ static char *unquote(char *field) {
 }
 
 /* Splits a line in place; the pointers into it are stored as far as there is room, all fields are counted. */
-static int split_fields(char *text, char *fields[FIELD_COUNT], size_t *count, struct fault *fault) {
-    char *field = text;
+static int split_fields(char* text, char* fields[FIELD_COUNT], size_t* count, struct fault* fault) {
+    char* field = text;
 
     for (*count = 1;; ++*count) {
-        char *end = *field == '"' ? unquote(field) : field + strcspn(field, ",");
+        char* end = *field == '"' ? unquote(field) : field + strcspn(field, ",");
         if (end == NULL) return refuse(fault, "line", NUMERIC_SYNTAX_ERROR, "quote not closed", field);
         if (*end != ',' && *end != '\0') {
             return refuse(fault, "line", NUMERIC_SYNTAX_ERROR, "text after the closing quote", end);
@@ -173,7 +173,7 @@ static int split_fields(char *text, char *fields[FIELD_COUNT], size_t *count, st
     }
 }
 
-static int read_fields(struct line *line, char *fields[FIELD_COUNT], struct fault *fault) {
+static int read_fields(struct line* line, char* fields[FIELD_COUNT], struct fault* fault) {
     size_t count;
 
     if (line->length > LINE_LIMIT) {
@@ -189,11 +189,11 @@ static int read_fields(struct line *line, char *fields[FIELD_COUNT], struct faul
 
 /* ---- Amounts as written in the file ---- */
 
-typedef NumericStatus parser(const char *text, const NumericInfo *info, Numeric *result, char **end);
+typedef NumericStatus parser(const char* text, const NumericInfo* info, Numeric* result, char** end);
 
 struct amount_field {
-    const char *name;
-    parser *parse;
+    const char* name;
+    parser* parse;
     NumericInfo info;
 };
 
@@ -206,7 +206,7 @@ static const struct amount_field places_field = {"places", QV8NumericStr2Num, {0
 /* A percentage is a fraction two places further down: 20.50 and 0.2050 are the same coefficient, 2050. */
 static const NumericInfo tax_rate_as_fraction = {4, NUMERIC_ROUND_DOWN};
 
-static size_t count_digits(const char *text) {
+static size_t count_digits(const char* text) {
     size_t count = 0;
 
     for (; *text != '\0'; text++) {
@@ -220,8 +220,8 @@ static size_t count_digits(const char *text) {
  * with NUMERIC_OK, and "12abc" as 12 with end at the "a". (After an exponent of four or more digits end stays at
  * the first of them, so such a number is refused as well.)
  */
-static int read_amount(const struct amount_field *field, const char *text, Numeric *value, struct fault *fault) {
-    char *end = NULL;
+static int read_amount(const struct amount_field* field, const char* text, Numeric* value, struct fault* fault) {
+    char* end = NULL;
     NumericStatus status = field->parse(text, &field->info, value, &end);
 
     if (status == NUMERIC_SYNTAX_ERROR) return refuse(fault, field->name, status, "not a number", text);
@@ -237,14 +237,14 @@ static int read_amount(const struct amount_field *field, const char *text, Numer
 /* ---- Entries: a line of the ledger, understood ---- */
 
 struct entry {
-    const char *account;
+    const char* account;
     Numeric quantity;
     Numeric unit_price;
     Numeric tax_rate;
     size_t currency; /* index into currencies */
 };
 
-static int has_control_character(const char *text) {
+static int has_control_character(const char* text) {
     for (; *text != '\0'; text++) {
         if ((unsigned char)*text < ' ' || *text == '\177') return 1;
     }
@@ -252,15 +252,15 @@ static int has_control_character(const char *text) {
 }
 
 /* Blanks around a name are refused with the rest: they would make two accounts look like one. */
-static int is_name(const char *text) {
+static int is_name(const char* text) {
     return *text != '\0' && *text != ' ' && text[strlen(text) - 1] != ' ' && !has_control_character(text);
 }
 
-static int check_account(const char *name, struct fault *fault) {
+static int check_account(const char* name, struct fault* fault) {
     return is_name(name) || refuse(fault, "account", NUMERIC_INVALID_ARGUMENT, "not a name", name);
 }
 
-static int read_currency(const char *code, size_t *currency, struct fault *fault) {
+static int read_currency(const char* code, size_t* currency, struct fault* fault) {
     for (*currency = 0; *currency < CURRENCY_COUNT; ++*currency) {
         if (strcmp(currencies[*currency].code, code) == 0) return 1;
     }
@@ -268,7 +268,7 @@ static int read_currency(const char *code, size_t *currency, struct fault *fault
 }
 
 /* The places are written beside the currency; an entry made for other places must not be posted. */
-static int check_places(const char *text, const struct currency *currency, struct fault *fault) {
+static int check_places(const char* text, const struct currency* currency, struct fault* fault) {
     Numeric written;
     Numeric expected;
 
@@ -278,8 +278,8 @@ static int check_places(const char *text, const struct currency *currency, struc
            refuse(fault, "places", NUMERIC_INVALID_ARGUMENT, "not the currency's places", text);
 }
 
-static int read_entry(struct line *line, struct entry *entry, struct fault *fault) {
-    char *fields[FIELD_COUNT];
+static int read_entry(struct line* line, struct entry* entry, struct fault* fault) {
+    char* fields[FIELD_COUNT];
 
     if (!read_fields(line, fields, fault)) return 0;
     entry->account = fields[ACCOUNT];
@@ -307,9 +307,9 @@ struct posting {
 };
 
 /* Each product is exact inside and rounded once, from the scales of its factors into that of the currency. */
-static int price_entry(const struct entry *entry, uint32_t mode, struct posting *posting, struct fault *fault) {
+static int price_entry(const struct entry* entry, uint32_t mode, struct posting* posting, struct fault* fault) {
     const NumericInfo money = {currencies[entry->currency].places, mode};
-    struct amounts *amounts = &posting->amounts;
+    struct amounts* amounts = &posting->amounts;
     NumericStatus status;
 
     status = QV8NumericRescalingMul(&quantity_field.info, &unit_price_field.info, &money, &entry->quantity,
@@ -324,7 +324,7 @@ static int price_entry(const struct entry *entry, uint32_t mode, struct posting 
 }
 
 /* The modes are compared over the same entries: one that does not fit in every mode is posted in none. */
-static int price_in_every_mode(const struct entry *entry, struct posting postings[MODE_COUNT], struct fault *fault) {
+static int price_in_every_mode(const struct entry* entry, struct posting postings[MODE_COUNT], struct fault* fault) {
     uint32_t mode;
 
     for (mode = 0; mode < MODE_COUNT; mode++) {
@@ -334,7 +334,7 @@ static int price_in_every_mode(const struct entry *entry, struct posting posting
 }
 
 /* Sums are kept in place: the result of an operation may be one of its operands. */
-static NumericStatus accumulate(struct amounts *sum, const struct amounts *amounts) {
+static NumericStatus accumulate(struct amounts* sum, const struct amounts* amounts) {
     NumericStatus status = QV8NumericAdd(&sum->net, &amounts->net, &sum->net);
 
     if (status == NUMERIC_OK) {
@@ -349,7 +349,7 @@ static NumericStatus accumulate(struct amounts *sum, const struct amounts *amoun
 /* ---- The ledger ---- */
 
 struct account {
-    char *name;
+    char* name;
     size_t currency;
     size_t lines;
     struct amounts sum; /* in the mode of the statement */
@@ -361,20 +361,20 @@ struct currency_totals {
 };
 
 struct ledger {
-    const char *file_name;
+    const char* file_name;
     uint32_t mode;
     size_t lines_read;
     size_t lines_posted;
     struct currency_totals currencies[CURRENCY_COUNT];
-    struct account *accounts; /* in the order of the statement: by currency, then by name */
+    struct account* accounts; /* in the order of the statement: by currency, then by name */
     size_t account_count;
     size_t account_capacity;
-    struct fault *faults; /* as many as lines are left out */
+    struct fault* faults; /* as many as lines are left out */
     size_t fault_count;
     size_t fault_capacity;
 };
 
-static void *require_memory(void *memory) {
+static void* require_memory(void* memory) {
     if (memory == NULL) {
         fputs("ledger: out of memory\n", stderr);
         exit(EXIT_FAILURE);
@@ -383,25 +383,25 @@ static void *require_memory(void *memory) {
 }
 
 /* Makes room for at least one item more. */
-static void *grow(void *items, size_t count, size_t *capacity, size_t item_size) {
+static void* grow(void* items, size_t count, size_t* capacity, size_t item_size) {
     if (count < *capacity) return items;
     *capacity = count < 8 ? 16 : count * 2;
     return require_memory(*capacity <= SIZE_MAX / item_size ? realloc(items, *capacity * item_size) : NULL);
 }
 
-static char *copy_text(const char *text) {
+static char* copy_text(const char* text) {
     size_t size = strlen(text) + 1;
 
     return memcpy(require_memory(malloc(size)), text, size);
 }
 
-static int compare_account(const struct account *account, size_t currency, const char *name) {
+static int compare_account(const struct account* account, size_t currency, const char* name) {
     if (account->currency != currency) return account->currency < currency ? -1 : 1;
     return strcmp(account->name, name);
 }
 
 /* The index of the first account that does not come before the one looked for. */
-static size_t account_position(const struct ledger *ledger, size_t currency, const char *name) {
+static size_t account_position(const struct ledger* ledger, size_t currency, const char* name) {
     size_t low = 0;
     size_t high = ledger->account_count;
 
@@ -416,9 +416,9 @@ static size_t account_position(const struct ledger *ledger, size_t currency, con
     return low;
 }
 
-static void insert_account(struct ledger *ledger, size_t position, size_t currency, const char *name) {
+static void insert_account(struct ledger* ledger, size_t position, size_t currency, const char* name) {
     const struct account opened = {copy_text(name), currency, 0, {{0, 0}, {0, 0}, {0, 0}}};
-    struct account *at;
+    struct account* at;
 
     ledger->accounts =
         grow(ledger->accounts, ledger->account_count, &ledger->account_capacity, sizeof *ledger->accounts);
@@ -428,7 +428,7 @@ static void insert_account(struct ledger *ledger, size_t position, size_t curren
     ledger->account_count++;
 }
 
-static struct account *open_account(struct ledger *ledger, size_t currency, const char *name) {
+static struct account* open_account(struct ledger* ledger, size_t currency, const char* name) {
     size_t position = account_position(ledger, currency, name);
 
     if (position == ledger->account_count || compare_account(&ledger->accounts[position], currency, name) != 0) {
@@ -437,12 +437,12 @@ static struct account *open_account(struct ledger *ledger, size_t currency, cons
     return &ledger->accounts[position];
 }
 
-static int add_to_totals(struct currency_totals *totals, const struct posting postings[MODE_COUNT],
-                         struct fault *fault) {
+static int add_to_totals(struct currency_totals* totals, const struct posting postings[MODE_COUNT],
+                         struct fault* fault) {
     uint32_t mode;
 
     for (mode = 0; mode < MODE_COUNT; mode++) {
-        struct posting *total = &totals->by_mode[mode];
+        struct posting* total = &totals->by_mode[mode];
         if (!accept_amount(accumulate(&total->amounts, &postings[mode].amounts), "currency total", fault)) return 0;
         total->inexact_net += postings[mode].inexact_net;
         total->inexact_tax += postings[mode].inexact_tax;
@@ -452,10 +452,10 @@ static int add_to_totals(struct currency_totals *totals, const struct posting po
 }
 
 /* Adds on copies and puts them back when every sum has fitted, for a sum that overflows is NaN afterwards. */
-static int post(struct ledger *ledger, const struct entry *entry, const struct posting postings[MODE_COUNT],
-                struct fault *fault) {
+static int post(struct ledger* ledger, const struct entry* entry, const struct posting postings[MODE_COUNT],
+                struct fault* fault) {
     struct currency_totals totals = ledger->currencies[entry->currency];
-    struct account *account;
+    struct account* account;
     struct amounts sum;
 
     if (!add_to_totals(&totals, postings, fault)) return 0;
@@ -468,12 +468,12 @@ static int post(struct ledger *ledger, const struct entry *entry, const struct p
     return 1;
 }
 
-static void record_fault(struct ledger *ledger, const struct fault *fault) {
+static void record_fault(struct ledger* ledger, const struct fault* fault) {
     ledger->faults = grow(ledger->faults, ledger->fault_count, &ledger->fault_capacity, sizeof *ledger->faults);
     ledger->faults[ledger->fault_count++] = *fault;
 }
 
-static void process_line(struct ledger *ledger, struct line *line) {
+static void process_line(struct ledger* ledger, struct line* line) {
     struct posting postings[MODE_COUNT];
     struct entry entry;
     struct fault fault;
@@ -488,7 +488,7 @@ static void process_line(struct ledger *ledger, struct line *line) {
     }
 }
 
-static void close_ledger(struct ledger *ledger) {
+static void close_ledger(struct ledger* ledger) {
     size_t i;
 
     for (i = 0; i < ledger->account_count; i++) {
@@ -501,19 +501,19 @@ static void close_ledger(struct ledger *ledger) {
 /* ---- The file ---- */
 
 /* Lines that begin with "#" are comments and count as no line of the ledger. */
-static int read_content(FILE *file, struct line *line) {
+static int read_content(FILE* file, struct line* line) {
     while (read_line(file, line)) {
         if (line->text[0] != '#') return 1;
     }
     return 0;
 }
 
-static int report_file(const char *name, const char *problem) {
+static int report_file(const char* name, const char* problem) {
     fprintf(stderr, "ledger: %s: %s\n", name, problem);
     return 0;
 }
 
-static int read_lines(FILE *file, struct ledger *ledger) {
+static int read_lines(FILE* file, struct ledger* ledger) {
     struct line line = {0, 0, ""};
 
     errno = 0;
@@ -529,8 +529,8 @@ static int read_lines(FILE *file, struct ledger *ledger) {
     return !ferror(file) || report_file(ledger->file_name, strerror(errno));
 }
 
-static int read_file(struct ledger *ledger) {
-    FILE *file = fopen(ledger->file_name, "rb");
+static int read_file(struct ledger* ledger) {
+    FILE* file = fopen(ledger->file_name, "rb");
     int done;
 
     if (file == NULL) return report_file(ledger->file_name, strerror(errno));
@@ -542,12 +542,12 @@ static int read_file(struct ledger *ledger) {
 /* ---- Tables: written twice, first to measure and then to print ---- */
 
 struct column {
-    const char *heading;
+    const char* heading;
     int right_aligned;
 };
 
 struct table {
-    const struct column *columns;
+    const struct column* columns;
     size_t column_count;
     size_t widths[COLUMN_LIMIT];
     size_t next;   /* the column of the next cell */
@@ -556,7 +556,7 @@ struct table {
 };
 
 /* Characters of UTF-8 text: its continuation bytes take no column of their own. */
-static size_t text_width(const char *text) {
+static size_t text_width(const char* text) {
     size_t width = 0;
 
     for (; *text != '\0'; text++) {
@@ -571,7 +571,7 @@ static void put_blanks(size_t count) {
     }
 }
 
-static void print_cell(struct table *table, const char *text) {
+static void print_cell(struct table* table, const char* text) {
     size_t padding = table->widths[table->next] - text_width(text);
     int right_aligned = table->columns[table->next].right_aligned;
 
@@ -588,7 +588,7 @@ static void print_cell(struct table *table, const char *text) {
     }
 }
 
-static void put_cell(struct table *table, const char *text) {
+static void put_cell(struct table* table, const char* text) {
     size_t width = text_width(text);
 
     if (table->printing) {
@@ -600,7 +600,7 @@ static void put_cell(struct table *table, const char *text) {
 }
 
 /* The buffer holds every text of 0 to 38 places, so anything but the amount here would be a defect: show it. */
-static void put_amount(struct table *table, const Numeric *amount, int32_t places) {
+static void put_amount(struct table* table, const Numeric* amount, int32_t places) {
     const NumericInfo info = {places, NUMERIC_ROUND_HALF_EVEN};
     char text[QV8NUMERIC_GROUPED_TEXT_SIZE(0, 38)];
     NumericStatus status = QV8NumericNum2Dgstr(amount, &info, 0, places, text, sizeof text);
@@ -608,26 +608,26 @@ static void put_amount(struct table *table, const Numeric *amount, int32_t place
     put_cell(table, status == NUMERIC_OK ? text : status_name(status));
 }
 
-static void put_count(struct table *table, size_t count) {
+static void put_count(struct table* table, size_t count) {
     char text[24];
 
     snprintf(text, sizeof text, "%zu", count);
     put_cell(table, text);
 }
 
-static void put_amounts(struct table *table, const struct amounts *amounts, int32_t places) {
+static void put_amounts(struct table* table, const struct amounts* amounts, int32_t places) {
     put_amount(table, &amounts->net, places);
     put_amount(table, &amounts->tax, places);
     put_amount(table, &amounts->gross, places);
 }
 
-static void put_gap(const struct table *table) {
+static void put_gap(const struct table* table) {
     if (table->printing) {
         putchar('\n');
     }
 }
 
-static void put_headings(struct table *table) {
+static void put_headings(struct table* table) {
     size_t i;
 
     for (i = 0; i < table->column_count; i++) {
@@ -635,7 +635,7 @@ static void put_headings(struct table *table) {
     }
 }
 
-static void put_rule(struct table *table) {
+static void put_rule(struct table* table) {
     size_t i;
     size_t dash;
 
@@ -648,8 +648,8 @@ static void put_rule(struct table *table) {
     put_gap(table);
 }
 
-static void print_table(const struct ledger *ledger, const struct column *columns, size_t column_count,
-                        void (*put_rows)(struct table *table, const struct ledger *ledger)) {
+static void print_table(const struct ledger* ledger, const struct column* columns, size_t column_count,
+                        void (*put_rows)(struct table* table, const struct ledger* ledger)) {
     struct table table = {columns, column_count, {0}, 0, 0, 0};
 
     for (table.printing = 0; table.printing < 2; table.printing++) {
@@ -661,9 +661,9 @@ static void print_table(const struct ledger *ledger, const struct column *column
 
 /* ---- The statement ---- */
 
-static size_t put_accounts_of(struct table *table, const struct ledger *ledger, size_t currency, size_t i) {
+static size_t put_accounts_of(struct table* table, const struct ledger* ledger, size_t currency, size_t i) {
     for (; i < ledger->account_count && ledger->accounts[i].currency == currency; i++) {
-        const struct account *account = &ledger->accounts[i];
+        const struct account* account = &ledger->accounts[i];
         put_cell(table, currencies[currency].code);
         put_cell(table, account->name);
         put_count(table, account->lines);
@@ -672,12 +672,12 @@ static size_t put_accounts_of(struct table *table, const struct ledger *ledger, 
     return i;
 }
 
-static void put_account_rows(struct table *table, const struct ledger *ledger) {
+static void put_account_rows(struct table* table, const struct ledger* ledger) {
     size_t currency;
     size_t i = 0;
 
     for (currency = 0; currency < CURRENCY_COUNT; currency++) {
-        const struct currency_totals *totals = &ledger->currencies[currency];
+        const struct currency_totals* totals = &ledger->currencies[currency];
         if (totals->lines == 0) continue;
         i = put_accounts_of(table, ledger, currency, i);
         put_cell(table, currencies[currency].code);
@@ -688,7 +688,7 @@ static void put_account_rows(struct table *table, const struct ledger *ledger) {
     }
 }
 
-static void print_accounts(const struct ledger *ledger) {
+static void print_accounts(const struct ledger* ledger) {
     static const struct column columns[] = {{"Currency", 0}, {"Account", 0}, {"Lines", 1},
                                             {"Net", 1},      {"Tax", 1},     {"Gross", 1}};
 
@@ -696,7 +696,7 @@ static void print_accounts(const struct ledger *ledger) {
     print_table(ledger, columns, sizeof columns / sizeof columns[0], put_account_rows);
 }
 
-static void put_difference(struct table *table, const Numeric *amount, const Numeric *base, int32_t places) {
+static void put_difference(struct table* table, const Numeric* amount, const Numeric* base, int32_t places) {
     Numeric difference;
     NumericStatus status = QV8NumericSub(amount, base, &difference);
 
@@ -707,9 +707,9 @@ static void put_difference(struct table *table, const Numeric *amount, const Num
     }
 }
 
-static void put_mode_row(struct table *table, const struct ledger *ledger, size_t currency, uint32_t mode) {
-    const struct posting *total = &ledger->currencies[currency].by_mode[mode];
-    const struct posting *stated = &ledger->currencies[currency].by_mode[ledger->mode];
+static void put_mode_row(struct table* table, const struct ledger* ledger, size_t currency, uint32_t mode) {
+    const struct posting* total = &ledger->currencies[currency].by_mode[mode];
+    const struct posting* stated = &ledger->currencies[currency].by_mode[ledger->mode];
     int32_t places = currencies[currency].places;
 
     put_cell(table, currencies[currency].code);
@@ -720,7 +720,7 @@ static void put_mode_row(struct table *table, const struct ledger *ledger, size_
     put_count(table, total->inexact_tax);
 }
 
-static void put_mode_rows(struct table *table, const struct ledger *ledger) {
+static void put_mode_rows(struct table* table, const struct ledger* ledger) {
     size_t currency;
     uint32_t mode;
 
@@ -733,7 +733,7 @@ static void put_mode_rows(struct table *table, const struct ledger *ledger) {
     }
 }
 
-static void print_modes(const struct ledger *ledger) {
+static void print_modes(const struct ledger* ledger) {
     static const struct column columns[] = {{"Currency", 0}, {"Rounding", 0},   {"Net", 1},         {"Tax", 1},
                                             {"Gross", 1},    {"Difference", 1}, {"Inexact net", 1}, {"Inexact tax", 1}};
 
@@ -742,11 +742,11 @@ static void print_modes(const struct ledger *ledger) {
     print_table(ledger, columns, sizeof columns / sizeof columns[0], put_mode_rows);
 }
 
-static void put_fault_rows(struct table *table, const struct ledger *ledger) {
+static void put_fault_rows(struct table* table, const struct ledger* ledger) {
     size_t i;
 
     for (i = 0; i < ledger->fault_count; i++) {
-        const struct fault *fault = &ledger->faults[i];
+        const struct fault* fault = &ledger->faults[i];
         put_count(table, fault->line);
         put_cell(table, fault->field);
         put_cell(table, status_name(fault->status));
@@ -755,14 +755,14 @@ static void put_fault_rows(struct table *table, const struct ledger *ledger) {
     }
 }
 
-static void print_faults(const struct ledger *ledger) {
+static void print_faults(const struct ledger* ledger) {
     static const struct column columns[] = {{"Line", 1}, {"Field", 0}, {"Status", 0}, {"Reason", 0}, {"Text", 0}};
 
     printf("Lines left out\n\n");
     print_table(ledger, columns, sizeof columns / sizeof columns[0], put_fault_rows);
 }
 
-static void print_summary(const struct ledger *ledger) {
+static void print_summary(const struct ledger* ledger) {
     size_t net = 0;
     size_t tax = 0;
     size_t currency;
@@ -778,7 +778,7 @@ static void print_summary(const struct ledger *ledger) {
     printf("Roundings  %zu made, %zu inexact (net %zu, tax %zu)\n\n", 2 * ledger->lines_posted, net + tax, net, tax);
 }
 
-static void print_statement(const struct ledger *ledger) {
+static void print_statement(const struct ledger* ledger) {
     print_summary(ledger);
     if (ledger->lines_posted == 0) {
         puts("No line was posted.\n");
@@ -795,7 +795,7 @@ static void print_statement(const struct ledger *ledger) {
 
 /* ---- The command line ---- */
 
-static void print_usage(FILE *out) {
+static void print_usage(FILE* out) {
     uint32_t mode;
 
     fputs(
@@ -819,20 +819,20 @@ static void print_usage(FILE *out) {
             heading, LINE_LIMIT);
 }
 
-static int fail_usage(const char *problem, const char *argument) {
+static int fail_usage(const char* problem, const char* argument) {
     fprintf(stderr, "ledger: %s%s\n\n", problem, argument);
     print_usage(stderr);
     return EXIT_USAGE;
 }
 
-static int find_mode(const char *name, uint32_t *mode) {
+static int find_mode(const char* name, uint32_t* mode) {
     for (*mode = 0; *mode < MODE_COUNT; ++*mode) {
         if (strcmp(mode_names[*mode], name) == 0) return 1;
     }
     return 0;
 }
 
-static int run(const char *file_name, uint32_t mode) {
+static int run(const char* file_name, uint32_t mode) {
     struct ledger ledger = {0};
     int done;
 
@@ -847,7 +847,7 @@ static int run(const char *file_name, uint32_t mode) {
     return done ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
-int main(int argc, char **argv) {
+int main(int argc, char** argv) {
     uint32_t mode = NUMERIC_ROUND_HALF_EVEN;
 
     if (argc == 2 && strcmp(argv[1], "--help") == 0) {

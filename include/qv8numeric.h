@@ -41,7 +41,7 @@
 #define QV8NUMERIC_VERSION_PATCH 0
 #define QV8NUMERIC_VERSION_STRING "1.0.0"
 #define QV8NUMERIC_VERSION \
-    (QV8NUMERIC_VERSION_MAJOR * 10000 + QV8NUMERIC_VERSION_MINOR * 100 + QV8NUMERIC_VERSION_PATCH)
+  (QV8NUMERIC_VERSION_MAJOR * 10000 + QV8NUMERIC_VERSION_MINOR * 100 + QV8NUMERIC_VERSION_PATCH)
 
 /* On Windows, define QV8NUMERIC_STATIC before the include to link the static library. */
 #if defined(_WIN32) && defined(QV8NUMERIC_BUILDING)
@@ -133,12 +133,11 @@ struct qv8numeric_aligned_uint64 {
     char offset;
     uint64_t value;
 };
-typedef char qv8numeric_layout_is_as_promised
-    [sizeof(Numeric) == 16 && offsetof(Numeric, high) == 8 && sizeof(NumericInfo) == 8 &&
-             offsetof(NumericInfo, rounding_mode) == 4 &&
-             offsetof(struct qv8numeric_aligned_numeric, value) == offsetof(struct qv8numeric_aligned_uint64, value)
-         ? 1
-         : -1];
+typedef char qv8numeric_sizes_are_16_and_8[sizeof(Numeric) == 16 && sizeof(NumericInfo) == 8 ? 1 : -1];
+typedef char qv8numeric_low_half_is_first[offsetof(Numeric, high) == 8 ? 1 : -1];
+typedef char qv8numeric_scale_is_first[offsetof(NumericInfo, rounding_mode) == 4 ? 1 : -1];
+typedef char qv8numeric_is_aligned_as_uint64
+    [offsetof(struct qv8numeric_aligned_numeric, value) == offsetof(struct qv8numeric_aligned_uint64, value) ? 1 : -1];
 
 /* ---- Zero and NaN ----------------------------------------------------------------------------------------------- */
 
@@ -339,11 +338,13 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, c
  *                              does not.
  */
 QV8NUMERIC_API NumericStatus QV8NumericNum2Str(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
-                                               int32_t output_scale, char* buffer, size_t buffer_size)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2);
+                                               int32_t output_scale, char* buffer,
+                                               size_t buffer_size) QV8NUMERIC_NOEXCEPT
+    QV8NUMERIC_NONNULL_ARGUMENTS(1, 2);
 QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
-                                                 int32_t output_scale, char* buffer, size_t buffer_size)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2);
+                                                 int32_t output_scale, char* buffer,
+                                                 size_t buffer_size) QV8NUMERIC_NOEXCEPT
+    QV8NUMERIC_NONNULL_ARGUMENTS(1, 2);
 
 /*
  * A buffer size, NUL included, that never gives NUMERIC_BUFFER_TOO_SMALL for this exponent_shift and output_scale,
@@ -354,20 +355,20 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  * The size for output scale 38 suffices for all from 38 down, negative ones included, as long as exponent_shift is 0.
  * A little above 2^32 at the most; on a 32-bit machine, arguments within -10^9 .. 10^9 give a size that fits size_t.
  */
-#define QV8NUMERIC_TEXT_SIZE(exponent_shift, output_scale)                                             \
-    QV8NUMERIC_CAST(size_t, QV8NUMERIC_DIGITS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) + \
-                                QV8NUMERIC_SUFFIX_SIZE(exponent_shift))
-#define QV8NUMERIC_GROUPED_TEXT_SIZE(exponent_shift, output_scale)                                         \
-    QV8NUMERIC_CAST(size_t, QV8NUMERIC_DIGITS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) +     \
-                                QV8NUMERIC_SEPARATORS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) + \
-                                QV8NUMERIC_SUFFIX_SIZE(exponent_shift))
+#define QV8NUMERIC_TEXT_SIZE(exponent_shift, output_scale)                                          \
+  QV8NUMERIC_CAST(size_t, QV8NUMERIC_DIGITS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) + \
+                              QV8NUMERIC_SUFFIX_SIZE(exponent_shift))
+#define QV8NUMERIC_GROUPED_TEXT_SIZE(exponent_shift, output_scale)                                          \
+  QV8NUMERIC_CAST(size_t, QV8NUMERIC_DIGITS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) +         \
+                              QV8NUMERIC_SEPARATORS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) + \
+                              QV8NUMERIC_SUFFIX_SIZE(exponent_shift))
 
 /* Their parts: the places written (zeros appended when negative), then the sizes in bytes of up to 39 digits with their
    sign, point and NUL; of the commas; and of "E", a sign and up to ten digits. */
 #define QV8NUMERIC_PLACES(exponent_shift, output_scale) \
-    (((output_scale) > 0 ? (output_scale) : INT64_C(0)) - (exponent_shift))
+  (((output_scale) > 0 ? (output_scale) : INT64_C(0)) - (exponent_shift))
 #define QV8NUMERIC_DIGITS_SIZE(places) \
-    ((places) <= 0 ? 41 - (places) : (places) <= 38 ? INT64_C(42) : (places) + INT64_C(4))
+  ((places) <= 0 ? 41 - (places) : (places) <= 38 ? INT64_C(42) : (places) + INT64_C(4))
 #define QV8NUMERIC_SEPARATORS_SIZE(places) ((places) <= 0 ? (38 - (places)) / 3 : INT64_C(12))
 #define QV8NUMERIC_SUFFIX_SIZE(exponent_shift) ((exponent_shift) != 0 ? 12 : 0)
 
@@ -406,10 +407,10 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  * - A second exponent marker behind up to three exponent digits ends the literal, and those digits then belong to the
  *   mantissa: "1E5E" is 15.
  */
-QV8NUMERIC_API NumericStatus QV8NumericStr2Num(const char* text, const NumericInfo* info, Numeric* result, char** end)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2, 3);
-QV8NUMERIC_API NumericStatus QV8NumericDgstr2Num(const char* text, const NumericInfo* info, Numeric* result, char** end)
-    QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2, 3);
+QV8NUMERIC_API NumericStatus QV8NumericStr2Num(const char* text, const NumericInfo* info, Numeric* result,
+                                               char** end) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2, 3);
+QV8NUMERIC_API NumericStatus QV8NumericDgstr2Num(const char* text, const NumericInfo* info, Numeric* result,
+                                                 char** end) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL_ARGUMENTS(1, 2, 3);
 
 /* ---- Machine integers ------------------------------------------------------------------------------------------- */
 

@@ -193,8 +193,7 @@ Significand significand_of(const Scaled& value, unsigned length, int64_t fewer_b
     uint64_t lost = 0;
     Dropped dropped = value.dropped;
     const ExtendedNumeric normalized = shift_left(value.x, 256 - length, lost);
-    ExtendedNumeric significand =
-        shift_right(normalized, static_cast<uint64_t>(256 - 53 + fewer_bits), dropped);
+    ExtendedNumeric significand = shift_right(normalized, static_cast<uint64_t>(256 - 53 + fewer_bits), dropped);
     const NumericStatus status = round_magnitude(significand, dropped, negative, mode);
     return {significand.word[0], status};
 }
@@ -238,8 +237,7 @@ extern "C" NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out
         return magnitude == exponent_field(exponent_of_infinity) ? status : NUMERIC_NAN;
     }
     Conversion conversion = convert(take_apart(magnitude), info->scale);
-    const NumericStatus status =
-        round_magnitude(conversion.x, conversion.dropped, negative, info->rounding_mode);
+    const NumericStatus status = round_magnitude(conversion.x, conversion.dropped, negative, info->rounding_mode);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;
     return narrow(conversion.x, negative, conversion.overflow, status, *out);
 }

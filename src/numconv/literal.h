@@ -11,18 +11,18 @@
 
 // Zeroed by the caller, but for cursor and mode.
 struct NumberParseState {
-    const char* token_start;        // where the latest token began; after a success, where the literal ends
-    const char* cursor;             // next character to read
-    std::int32_t mode;              // a NumberFormatMode
-    std::int32_t digits_held;       // mantissa digits taken into the value
-    std::int32_t digits_dropped;    // mantissa digits beyond the limit
-    std::int64_t fraction_digits;   // mantissa digits after the point, dropped ones included
-    std::uint32_t chunk;            // pending digits as a number; after the exponent marker, the exponent
-    std::uint32_t chunk_digits;     // how many
-    std::uint32_t negative;         // 1 after a mantissa sign "-"
-    std::uint32_t overflow;         // nonzero when the accumulator left 256 bits
-    ExtendedNumeric accumulator;    // the digits taken, but for the pending ones
-    std::uint8_t flags;             // of LiteralFlag
+    const char* token_start;       // where the latest token began; after a success, where the literal ends
+    const char* cursor;            // next character to read
+    std::int32_t mode;             // a NumberFormatMode
+    std::int32_t digits_held;      // mantissa digits taken into the value
+    std::int32_t digits_dropped;   // mantissa digits beyond the limit
+    std::int64_t fraction_digits;  // mantissa digits after the point, dropped ones included
+    std::uint32_t chunk;           // pending digits as a number; after the exponent marker, the exponent
+    std::uint32_t chunk_digits;    // how many
+    std::uint32_t negative;        // 1 after a mantissa sign "-"
+    std::uint32_t overflow;        // nonzero when the accumulator left 256 bits
+    ExtendedNumeric accumulator;   // the digits taken, but for the pending ones
+    std::uint8_t flags;            // of LiteralFlag
 };
 
 namespace qv8numeric {

@@ -27,9 +27,7 @@ ExtendedNumeric fewer_places(const Numeric& value, uint64_t places) {
 }
 
 // All four upper limbs alike. They need not equal the sign: hosts rely on the values that pass here.
-bool upper_limbs_agree(const ExtendedNumeric& x) {
-    return x.word[2] == x.word[3] && limb(x, 4) == limb(x, 5);
-}
+bool upper_limbs_agree(const ExtendedNumeric& x) { return x.word[2] == x.word[3] && limb(x, 4) == limb(x, 5); }
 
 }  // namespace
 }  // namespace qv8numeric

@@ -10,16 +10,16 @@
 #include <cstdint>
 
 #if defined(__clang__)
-#define QV8NUMERIC_MAY_WRAP __attribute__((no_sanitize("unsigned-integer-overflow")))
+#  define QV8NUMERIC_MAY_WRAP __attribute__((no_sanitize("unsigned-integer-overflow")))
 #else
-#define QV8NUMERIC_MAY_WRAP
+#  define QV8NUMERIC_MAY_WRAP
 #endif
 
 // Building with QV8NUMERIC_PORTABLE defined takes the road of machines without a 128-bit integer on every machine.
 #if defined(__SIZEOF_INT128__) && !defined(QV8NUMERIC_PORTABLE)
-#define QV8NUMERIC_NATIVE_128 1
+#  define QV8NUMERIC_NATIVE_128 1
 #else
-#define QV8NUMERIC_NATIVE_128 0
+#  define QV8NUMERIC_NATIVE_128 0
 #endif
 
 namespace qv8numeric {

@@ -14,7 +14,7 @@ constexpr std::string_view kDigits = "0123456789";
 bool is_short(std::string_view run) { return 1 <= run.size() && run.size() <= 3; }
 
 class Reader {
-public:
+  public:
     Reader(std::string_view text, bool grouped) : text_(text), grouped_(grouped) {}
 
     Literal read() {
@@ -24,7 +24,7 @@ public:
         return {true, static_cast<std::ptrdiff_t>(end_), negative, std::stoll(digits_), exponent_ - places_};
     }
 
-private:
+  private:
     bool next_is(std::string_view characters) const {
         return at_ < text_.size() && characters.find(text_[at_]) != std::string_view::npos;
     }

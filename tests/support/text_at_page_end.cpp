@@ -6,10 +6,10 @@
 #include <system_error>
 
 #if __has_include(<sys/mman.h>) && __has_include(<unistd.h>)
-#include <sys/mman.h>
-#include <unistd.h>
+#  include <sys/mman.h>
+#  include <unistd.h>
 
-#include <cerrno>
+#  include <cerrno>
 
 namespace qv8numeric_tests {
 

@@ -11,7 +11,7 @@ namespace qv8numeric_tests {
 // Room for one text of up to four megabytes, followed by a page that may not be touched. Where pages cannot be
 // protected it is ordinary memory, and the texts are checked for their values only.
 class TextAtPageEnd {
-public:
+  public:
     TextAtPageEnd();
     ~TextAtPageEnd();
     TextAtPageEnd(const TextAtPageEnd&) = delete;
@@ -20,7 +20,7 @@ public:
     // A copy of the text whose NUL is the last byte that can be read. It lasts until the next call.
     const char* place(std::string_view text);
 
-private:
+  private:
     static constexpr std::size_t kRoom = std::size_t{4} << 20;
     char* memory_;
     std::size_t page_;
