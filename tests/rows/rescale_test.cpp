@@ -78,6 +78,8 @@ constexpr Row kWrappedProducts[] = {
      "73394618030565865177414447344654483456"},
     {"38 places, negative", "-269599466734277415315151974886", 0, 38, kUp, NUMERIC_OK,
      "-73394618030565865177414447344654483456"},
+    {"upper words alike, upper limbs not", "62771017353866807642", 0, 38, kUp, NUMERIC_OVERFLOW, "NaN"},
+    {"upper words alike, upper limbs not, negative", "-188313052061600422926", 0, 38, kUp, NUMERIC_OVERFLOW, "NaN"},
     {"80 places, ten steps of eight digits", "166600883694731896832553913086626783484", 0, 80, kUp, NUMERIC_OK,
      "45021931317154258936443642851773906944"},
     {"88 places are applied as 80", "107934196843166079644664139084775959480", 0, 88, kUp, NUMERIC_OK,
