@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // int64 and int32 from and to a Numeric. The two directions are no mirror images: into a Numeric is exact, rounds by
 // the mode and checks the full range; out of it at a scale of its own cuts off, and only rewrites the lowest limb.
-#include <limits>
+#include <utility>
 
 #include "wide/narrowing.h"
 
@@ -44,8 +44,7 @@ WordPair rescaled_lowest_limb(const Numeric& value, int64_t scale, Dropped& drop
 template <class Integer>
 constexpr bool is_within(const Numeric& value) {
     const auto low = static_cast<int64_t>(value.low);
-    return value.high == (low < 0 ? -1 : 0) && std::numeric_limits<Integer>::min() <= low &&
-           low <= std::numeric_limits<Integer>::max();
+    return value.high == (low < 0 ? -1 : 0) && std::in_range<Integer>(low);
 }
 
 template <class Integer>
