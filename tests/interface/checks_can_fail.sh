@@ -72,6 +72,9 @@ expect 'the version script has g besides' check exports bad.so bad.map names
 exports 'g;'
 expect 'the library lacks f@@QV8NUMERIC_1' check exports bad.so bad.map names
 expect 'the version script lacks f' check exports bad.so bad.map names
+exports 'f;'
+shared 'int f(void) { return 1; } int g(void) { return f(); }' -Wl,--version-script=bad.map
+expect 'the library looks up f' check exports bad.so bad.map names
 shared "$code"
 expect 'the library has f besides' check exports bad.so bad.map names
 

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The shared library exports the listed names, each under the one version node, and nothing else; so does the linker's
-version script.
+version script. None of these names is looked up from inside, where a host's own function of that name would be found.
 
 usage: exports.py LIBRARY VERSION_SCRIPT NAMES
 """
@@ -18,6 +18,12 @@ def exported_symbols(library):
     return {name for _, kind, name in map(str.split, lines) if kind != 'A'}
 
 
+def looked_up_symbols(library):
+    """What the dynamic linker is asked to find: the symbol is the fifth column of a relocation that has one."""
+    columns = map(str.split, output('readelf', '--wide', '--relocs', library).splitlines())
+    return {row[4].partition('@')[0] for row in columns if len(row) > 4 and row[2].startswith('R_')}
+
+
 def script_names(path):
     with open(path, encoding='ascii') as file:
         script = re.sub(r'/\*.*?\*/', '', file.read(), flags=re.DOTALL)
@@ -32,7 +38,8 @@ def differences(what, actual, expected):
 
 def main(library, script, names):
     expected = listed_names(names)
-    finish(differences('the library', exported_symbols(library), {f'{name}@@{NODE}' for name in expected}) +
+    looked_up = [f'the library looks up {name}' for name in sorted(looked_up_symbols(library) & expected)]
+    finish(looked_up + differences('the library', exported_symbols(library), {f'{name}@@{NODE}' for name in expected}) +
            differences('the version script', script_names(script), expected))
 
 
