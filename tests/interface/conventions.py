@@ -4,6 +4,7 @@
 usage: conventions.py SOURCE_FOLDER
 """
 import os
+import shutil
 import subprocess
 import sys
 
@@ -15,9 +16,10 @@ LICENCE_WITHIN = 3  # lines: the first, or behind what a format wants there
 
 def tracked_files(root):
     """What git tracks; in a source archive everything outside of build folders and caches."""
-    listing = subprocess.run(['git', '-C', root, 'ls-files', '-z'], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-    if listing.returncode == 0:
-        return [name for name in listing.stdout.decode().split('\0') if name and os.path.exists(f'{root}/{name}')]
+    if shutil.which('git'):
+        listing = subprocess.run(['git', '-C', root, 'ls-files', '-z'], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        if listing.returncode == 0:
+            return [name for name in listing.stdout.decode().split('\0') if name and os.path.exists(f'{root}/{name}')]
     found = []
     for folder, folders, files in os.walk(root):
         if 'CMakeCache.txt' in files:
