@@ -24,56 +24,43 @@ std::string last(const std::string& text, std::size_t count) { return text.subst
 struct Row {
     const char* name;
     const char* value;
-    NumericInfo info;
+    std::int32_t scale;
+    std::uint32_t mode;
     std::int32_t exponent_shift;
     std::int32_t output_scale;
     NumericStatus status;
-    const char* texts[2];  // plain and grouped
+    const char* plain;
+    const char* grouped;
 
-    Format format() const { return {num(value), info, exponent_shift, output_scale}; }
+    Format format() const { return {num(value), {scale, mode}, exponent_shift, output_scale}; }
 };
 
 constexpr Row kRows[] = {
-    {"zero", "0", {0, kHalfEven}, 0, 0, NUMERIC_OK, {"0", "0"}},
-    {"a sign", "-7", {0, kHalfEven}, 0, 0, NUMERIC_OK, {"-7", "-7"}},
-    {"groups", "-1234567", {0, kHalfEven}, 0, 0, NUMERIC_OK, {"-1234567", "-1,234,567"}},
-    {"places", "1234567", {0, kHalfEven}, 0, 2, NUMERIC_OK, {"1234567.00", "1,234,567.00"}},
-    {"zeros between point and digits", "-5", {9, kHalfEven}, 0, 9, NUMERIC_OK, {"-0.000000005", "-0.000000005"}},
-    {"a suffix", "12345", {1, kHalfEven}, -3, 4, NUMERIC_OK, {"1.2345000E+3", "1.2345000E+3"}},
-    {"a suffix behind zero", "0", {0, kHalfEven}, 10000, 0, NUMERIC_OK, {"0E-10000", "0E-10000"}},
-    {"appended zeros",
-     "-12345",
-     {1, kHalfEven},
-     12,
-     1,
-     NUMERIC_OK,
-     {"-1234500000000000E-12", "-1,234,500,000,000,000E-12"}},
-    {"rounded", "999999995", {1, kHalfUp}, 0, 0, NUMERIC_INEXACT, {"100000000", "100,000,000"}},
-    {"rounded to a zero with a sign", "-4", {3, kHalfUp}, 0, 2, NUMERIC_INEXACT, {"-0.00", "-0.00"}},
-    {"overflow",
-     "2^127-1",
-     {0, kHalfEven},
-     2,
-     1,
-     NUMERIC_OVERFLOW,
-     {"1701411834604692317316873037158841057280E-2", "1,701,411,834,604,692,317,316,873,037,158,841,057,280E-2"}},
-    {"negative overflow",
-     "-1",
-     {0, kHalfEven},
-     0,
-     39,
-     NUMERIC_UNDERFLOW,
-     {"-0.170141183460469231731687303715884105728", "-0.170141183460469231731687303715884105728"}},
-    {"-2^64", "-2^64", {0, kHalfEven}, 0, 0, NUMERIC_OK, {"-18446744073709551616", "-18,446,744,073,709,551,616"}},
+    {"zero", "0", 0, kHalfEven, 0, 0, NUMERIC_OK, "0", "0"},
+    {"a sign", "-7", 0, kHalfEven, 0, 0, NUMERIC_OK, "-7", "-7"},
+    {"groups", "-1234567", 0, kHalfEven, 0, 0, NUMERIC_OK, "-1234567", "-1,234,567"},
+    {"places", "1234567", 0, kHalfEven, 0, 2, NUMERIC_OK, "1234567.00", "1,234,567.00"},
+    {"zeros behind the point", "-5", 9, kHalfEven, 0, 9, NUMERIC_OK, "-0.000000005", "-0.000000005"},
+    {"a suffix", "12345", 1, kHalfEven, -3, 4, NUMERIC_OK, "1.2345000E+3", "1.2345000E+3"},
+    {"a suffix behind zero", "0", 0, kHalfEven, 10000, 0, NUMERIC_OK, "0E-10000", "0E-10000"},
+    {"appended zeros", "-12345", 1, kHalfEven, 12, 1, NUMERIC_OK, "-1234500000000000E-12",
+     "-1,234,500,000,000,000E-12"},
+    {"rounded", "999999995", 1, kHalfUp, 0, 0, NUMERIC_INEXACT, "100000000", "100,000,000"},
+    {"rounded to a zero with a sign", "-4", 3, kHalfUp, 0, 2, NUMERIC_INEXACT, "-0.00", "-0.00"},
+    {"overflow", "2^127-1", 0, kHalfEven, 2, 1, NUMERIC_OVERFLOW, "1701411834604692317316873037158841057280E-2",
+     "1,701,411,834,604,692,317,316,873,037,158,841,057,280E-2"},
+    {"negative overflow", "-1", 0, kHalfEven, 0, 39, NUMERIC_UNDERFLOW, "-0.170141183460469231731687303715884105728",
+     "-0.170141183460469231731687303715884105728"},
+    {"-2^64", "-2^64", 0, kHalfEven, 0, 0, NUMERIC_OK, "-18446744073709551616", "-18,446,744,073,709,551,616"},
 };
 
 TEST(FormatBuffer, EverySizeHoldsTheTextOrItsTail) {
     for (const Row& row : kRows) {
-        for (const std::size_t form : {0U, 1U}) {
-            const std::string text = row.texts[form];
+        for (const Formatter formatter : kFormatters) {
+            const std::string text = formatter == QV8NumericNum2Str ? row.plain : row.grouped;
             for (std::size_t size = 0; size <= text.size() + 3; ++size) {
                 SCOPED_TRACE(std::string(row.name) + ", '" + text + "' in " + std::to_string(size) + " bytes");
-                const Filled filled = fill(kFormatters[form], row.format(), size);
+                const Filled filled = fill(formatter, row.format(), size);
                 if (size > text.size()) {
                     EXPECT_EQ(status_name(filled.status), status_name(row.status));
                     EXPECT_EQ(filled.text(), text);
@@ -196,61 +183,35 @@ struct TailRow {
     std::int32_t scale;
     std::int32_t exponent_shift;
     std::int32_t output_scale;
-    const char* tails[2];  // plain and grouped
+    const char* plain;
+    const char* grouped;
 };
 
 constexpr TailRow kTailRows[] = {
-    {"appended zeros by the largest shift", "7", 0, INT32_MAX, 0, {"00000000E-2147483647", ",000,000E-2147483647"}},
-    {"a fraction by the smallest shift", "5", 0, INT32_MIN, 0, {"00000005E+2147483648", "00000005E+2147483648"}},
-    {"zero with a fraction by the smallest shift",
-     "0",
-     0,
-     INT32_MIN,
-     0,
-     {"00000000E+2147483648", "00000000E+2147483648"}},
-    {"the longest fraction there is",
-     "-5",
-     INT32_MAX,
-     INT32_MIN,
-     INT32_MAX,
-     {"00000005E+2147483648", "00000005E+2147483648"}},
-    {"the fraction of the largest scale",
-     "1234567890123456789012",
-     INT32_MAX,
-     0,
-     INT32_MAX,
-     {"34567890123456789012", "34567890123456789012"}},
-    {"digits behind the zeros of the smallest shift",
-     "2^127-1",
-     0,
-     INT32_MIN,
-     0,
-     {"84105727E+2147483648", "84105727E+2147483648"}},
-    {"an overflow behind the zeros of the smallest shift",
-     "2^127-1",
-     0,
-     INT32_MIN,
-     1,
-     {"84105728E+2147483648", "84105728E+2147483648"}},
-    {"inner zeros of a long exponent", "-3", 0, -10000, 0, {"0000000000003E+10000", "0000000000003E+10000"}},
-    {"five exponent digits", "-3", 0, -12345, 0, {"0000000000003E+12345", "0000000000003E+12345"}},
-    {"eight zeros in the exponent", "3", 0, -100000000, 0, {"0000000003E+100000000", "0000000003E+100000000"}},
-    {"a negative output scale under the largest shift",
-     "-12345",
-     0,
-     INT32_MAX,
-     -1,
-     {"00000000E-2147483647", ",000,000E-2147483647"}},
+    {"zeros of the largest shift", "7", 0, INT32_MAX, 0, "00000000E-2147483647", ",000,000E-2147483647"},
+    {"zeros of the largest shift behind dropped tens", "-12345", 0, INT32_MAX, -1, "00000000E-2147483647",
+     ",000,000E-2147483647"},
+    {"a fraction of the smallest shift", "5", 0, INT32_MIN, 0, "00000005E+2147483648", "00000005E+2147483648"},
+    {"zero with that fraction", "0", 0, INT32_MIN, 0, "00000000E+2147483648", "00000000E+2147483648"},
+    {"all digits of that fraction", "2^127-1", 0, INT32_MIN, 0, "84105727E+2147483648", "84105727E+2147483648"},
+    {"an overflow with that fraction", "2^127-1", 0, INT32_MIN, 1, "84105728E+2147483648", "84105728E+2147483648"},
+    {"the longest fraction there is", "-5", INT32_MAX, INT32_MIN, INT32_MAX, "00000005E+2147483648",
+     "00000005E+2147483648"},
+    {"the fraction of the largest scale", "1234567890123456789012", INT32_MAX, 0, INT32_MAX, "34567890123456789012",
+     "34567890123456789012"},
+    {"inner zeros of a long exponent", "-3", 0, -10000, 0, "0000000000003E+10000", "0000000000003E+10000"},
+    {"five exponent digits", "-3", 0, -12345, 0, "0000000000003E+12345", "0000000000003E+12345"},
+    {"eight zeros in the exponent", "3", 0, -100000000, 0, "0000000003E+100000000", "0000000003E+100000000"},
 };
 
 TEST(FormatBuffer, HoldsTheTailOfATextTooLongForAnyMemory) {
     for (const TailRow& row : kTailRows) {
-        for (const std::size_t form : {0U, 1U}) {
-            const std::string tail = row.tails[form];
+        for (const Formatter formatter : kFormatters) {
+            const std::string tail = formatter == QV8NumericNum2Str ? row.plain : row.grouped;
             const Format format = {num(row.value), {row.scale, kDown}, row.exponent_shift, row.output_scale};
             for (std::size_t size = 1; size <= tail.size() + 1; ++size) {
                 SCOPED_TRACE(std::string(row.name) + ", " + std::to_string(size) + " bytes");
-                const Filled filled = fill(kFormatters[form], format, size);
+                const Filled filled = fill(formatter, format, size);
                 EXPECT_EQ(status_name(filled.status), "NUMERIC_BUFFER_TOO_SMALL");
                 EXPECT_EQ(filled.buffer, last(tail, size - 1) + '\0');
             }
