@@ -80,16 +80,16 @@ constexpr ParseRow kRoundingRows[] = {
 TEST(Parse, RoundsIntoTheScale) { expect_rows_of_both(kRoundingRows); }
 
 constexpr ParseModesRow kModesRows[] = {
-    {"2.5", "2.5", 0, NUMERIC_INEXACT, {"3", "2", "3", "2", "3", "2", "2"}},
-    {"3.5", "3.5", 0, NUMERIC_INEXACT, {"4", "3", "4", "3", "4", "3", "4"}},
-    {"-2.5", "-2.5", 0, NUMERIC_INEXACT, {"-3", "-2", "-2", "-3", "-3", "-2", "-2"}},
-    {"2.6", "2.6", 0, NUMERIC_INEXACT, {"3", "2", "3", "2", "3", "3", "3"}},
-    {"-2.4", "-2.4", 0, NUMERIC_INEXACT, {"-3", "-2", "-2", "-3", "-2", "-2", "-2"}},
-    {"2.0", "2.0", 0, NUMERIC_OK, {"2", "2", "2", "2", "2", "2", "2"}},
-    {"a half", "0.5", 0, NUMERIC_INEXACT, {"1", "0", "1", "0", "1", "0", "0"}},
-    {"minus a half", "-0.5", 0, NUMERIC_INEXACT, {"-1", "0", "0", "-1", "-1", "0", "0"}},
-    {"far below the scale", "1e-300", 0, NUMERIC_INEXACT, {"1", "0", "1", "0", "0", "0", "0"}},
-    {"far below the scale, negative", "-1e-300", 0, NUMERIC_INEXACT, {"-1", "0", "0", "-1", "0", "0", "0"}},
+    {"2.5", "2.5", 0, NUMERIC_INEXACT, "3 2 3 2 3 2 2"},
+    {"3.5", "3.5", 0, NUMERIC_INEXACT, "4 3 4 3 4 3 4"},
+    {"-2.5", "-2.5", 0, NUMERIC_INEXACT, "-3 -2 -2 -3 -3 -2 -2"},
+    {"2.6", "2.6", 0, NUMERIC_INEXACT, "3 2 3 2 3 3 3"},
+    {"-2.4", "-2.4", 0, NUMERIC_INEXACT, "-3 -2 -2 -3 -2 -2 -2"},
+    {"2.0", "2.0", 0, NUMERIC_OK, "2 2 2 2 2 2 2"},
+    {"a half", "0.5", 0, NUMERIC_INEXACT, "1 0 1 0 1 0 0"},
+    {"minus a half", "-0.5", 0, NUMERIC_INEXACT, "-1 0 0 -1 -1 0 0"},
+    {"far below the scale", "1e-300", 0, NUMERIC_INEXACT, "1 0 1 0 0 0 0"},
+    {"far below the scale, negative", "-1e-300", 0, NUMERIC_INEXACT, "-1 0 0 -1 0 0 0"},
 };
 
 TEST(Parse, FollowsEveryMode) {

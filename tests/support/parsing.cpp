@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "calls.h"
+#include "modes.h"
 #include "text_at_page_end.h"
 
 namespace qv8numeric_tests {
@@ -50,7 +51,8 @@ void expect_rows(Parser parser, std::span<const ParseModesRow> rows) {
     for (const ParseModesRow& row : rows) {
         for (const std::uint32_t mode : kModes) {
             SCOPED_TRACE(std::string(row.name) + ", " + mode_name(mode));
-            expect_parsed(parser, row.text, {row.scale, mode}, outcome(row.status, row.values[mode]), kWholeText);
+            expect_parsed(parser, row.text, {row.scale, mode}, outcome(row.status, in_mode(row.values, mode)),
+                          kWholeText);
         }
     }
 }

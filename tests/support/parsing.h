@@ -40,13 +40,13 @@ struct ParseRow {
 
 void expect_rows(Parser parser, std::span<const ParseRow> rows);
 
-// One value per mode, in the order of kModes; the text is read to its end.
+// The text is read to its end.
 struct ParseModesRow {
     const char* name;
     const char* text;
     std::int32_t scale;
     NumericStatus status;
-    const char* values[7];
+    const char* values;  // one per mode
 };
 
 void expect_rows(Parser parser, std::span<const ParseModesRow> rows);
