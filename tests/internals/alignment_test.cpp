@@ -36,6 +36,8 @@ constexpr AlignRow kAlignRows[] = {
     {"b has one place more", "5", 0, "7", 1, 1, 1, 0},
     {"a has as many more as are exact for every b", "2^127-1", 38, "2^127-1", 0, 38, 0, 38},
     {"b has as many more as are exact for every a", "2^127-1", 0, "2^127-1", 38, 38, 38, 0},
+    {"exact is exact, though a small b had room for 48", "1", 38, "1", 0, 38, 0, 38},
+    {"exact is exact, though a small a had room for 48", "1", 0, "1", 38, 38, 38, 0},
     {"a has one too many, and a small b room for 48", "2^127-1", 39, "1", 0, 48, 9, 48},
     {"b has one too many, and a small a room for 48", "1", 0, "2^127-1", 39, 48, 48, 9},
     {"a has one too many, and a large b room for 38", "1", 39, "2^64", 0, 38, -1, 38},
