@@ -6,7 +6,10 @@ import sys
 
 def output(*command):
     """The standard output of a command that has to succeed."""
-    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
+    result = subprocess.run(command, stdout=subprocess.PIPE, text=True)
+    if result.returncode != 0:
+        sys.exit(f'status {result.returncode}: {" ".join(command)}')
+    return result.stdout
 
 
 def listed_names(path):
