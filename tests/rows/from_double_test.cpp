@@ -164,8 +164,9 @@ constexpr Row kRangeRows[] = {
     {"2^300 without 56 places, divided only", 0x1p300, -56, kHalfEven, NUMERIC_INEXACT,
      "20370359763344860862684456884093782"},
     {"2^300 without 52 places, out of range", 0x1p300, -52, kHalfEven, NUMERIC_OVERFLOW, "NaN"},
-    {"1e300 in tens, the shift outlasting the one division", 1e300, -1, kHalfEven, NUMERIC_OVERFLOW, "NaN"},
+    {"1e300 in tens, bits leaving the top", 1e300, -1, kHalfEven, NUMERIC_OVERFLOW, "NaN"},
     {"-1e300 in tens", -1e300, -1, kHalfEven, NUMERIC_UNDERFLOW, "NaN"},
+    {"1e90 without 12 places, a shift left over", 1e90, -12, kHalfEven, NUMERIC_OVERFLOW, "NaN"},
     {"1e80 without 60 places", 1e80, -60, kHalfEven, NUMERIC_INEXACT, "100000000000000000027"},
 
     {"the smallest subnormal at scale 323", kSmallestSubnormal, 323, kHalfEven, NUMERIC_INEXACT, "0"},
