@@ -139,6 +139,8 @@ LiteralToken lex_exponent_marker(NumberParseState& state) {
     return TOK_EXP;
 }
 
+}  // namespace
+
 LiteralToken next_token(NumberParseState& state) {
     state.token_start = state.cursor;
     const char character = *state.cursor++;
@@ -155,6 +157,8 @@ LiteralToken next_token(NumberParseState& state) {
         default: state.cursor = state.token_start; return TOK_END;
     }
 }
+
+namespace {
 
 // ---- The grammar ----
 //
@@ -211,17 +215,3 @@ bool read_literal(NumberParseState& state) {
 }
 
 }  // namespace qv8numeric
-
-using namespace qv8numeric;
-
-extern "C" int numparse_yylex(NumberParseState* state) noexcept { return next_token(*state); }
-
-// Nothing is done with it: the result of numparse_yyparse says all.
-extern "C" void numparse_yyerror(NumberParseState*, const char*) noexcept {}
-
-// 0 for a number, 1 for anything else. (2 would be an exhausted stack, and there is none.)
-extern "C" int numparse_yyparse(NumberParseState* state) noexcept {
-    if (read_literal(*state)) return 0;
-    numparse_yyerror(state, "syntax error");
-    return 1;
-}

@@ -56,8 +56,10 @@ constexpr void set(NumberParseState& state, LiteralFlag flag) {
 // Moves the pending digits into the accumulator.
 void flush_chunk(NumberParseState& state);
 
-// Reads a literal from cursor on. False when there is none; the state then tells nothing. The library calls this and
-// not the exported numparse_ names: a host may define those too, and then its own would be called.
+// Reads one token from cursor on.
+LiteralToken next_token(NumberParseState& state);
+
+// Reads a literal from cursor on. False when there is none; the state then tells nothing.
 bool read_literal(NumberParseState& state);
 
 }  // namespace qv8numeric

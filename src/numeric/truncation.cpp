@@ -40,5 +40,3 @@ extern "C" NumericStatus QV8NumericFloor(const NumericInfo* info, int32_t places
 extern "C" NumericStatus QV8NumericRound(const NumericInfo* info, int32_t places, Numeric* num) noexcept {
     return numeric_truncation_inline(*info, places, info->scale, *num, info->rounding_mode);
 }
-
-int32_t get_truncated_part(const Numeric& value, uint32_t& flag) noexcept { return truncated_sign(value, flag != 0); }

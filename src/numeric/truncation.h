@@ -8,15 +8,15 @@
 namespace qv8numeric {
 
 // Rounds num, given at info's scale, to target places with mode, and writes it back at result_scale. Of info only the
-// scale is read. Places that num does not have are not rounded away: then num moves straight to result_scale, rounded
-// if that is downward. On the way from target to a smaller result_scale the digits are cut off, not rounded again.
+// scale is read. Where num has no more than target places there is one move, from info's scale to result_scale, rounded
+// if that is downward. Else num is rounded at target; going on to a smaller result_scale cuts digits off without
+// rounding again.
 //
 // NUMERIC_NAN and NUMERIC_INVALID_ARGUMENT leave num untouched; out of range writes NaN.
 NumericStatus numeric_truncation_inline(const NumericInfo& info, const int32_t& target, const int32_t& result_scale,
                                         Numeric& num, const uint32_t& mode);
 
-// The sign of a part that was cut off value, 0 when nothing was. The library itself never calls the exported name for
-// it, get_truncated_part: a host may define that name too, and then its own would be called.
+// The sign of a part that was cut off value, 0 when nothing was.
 constexpr int32_t truncated_sign(const Numeric& value, bool truncated) {
     if (!truncated) return 0;
     return is_negative(value) ? -1 : 1;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A host that defines the library's debugging names itself, to the letter. The dynamic linker then prefers the host's
-// for every call through such a name; the library must not make one.
+// A host that defines the library's debugging names itself, to the letter. With the shared library the dynamic linker
+// prefers the host's for every call through such a name, so the library must not make one; with the static library none
+// of the objects that define them may be needed.
 #define QV8NUMERIC_NO_DEBUG
 #include "qv8numeric.h"
 
