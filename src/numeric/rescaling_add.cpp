@@ -49,10 +49,7 @@ struct Difference {
 template <class Operation>
 NumericStatus rescaling(const NumericInfo& a_info, const NumericInfo& b_info, const NumericInfo& result_info,
                         const Numeric& a, const Numeric& b, Numeric& result) {
-    if (is_nan(a) || is_nan(b)) {
-        result = nan_pattern;
-        return NUMERIC_NAN;
-    }
+    if (propagates_nan(a, b, result)) return NUMERIC_NAN;
     if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
     if (a_info.scale == b_info.scale && a_info.scale == result_info.scale) return Operation::same_scale(a, b, result);
 
@@ -86,12 +83,12 @@ extern "C" NumericStatus QV8NumericRescalingSub(const NumericInfo* a_info, const
 // The sign of b - a, as for one scale: 1 when a is the smaller.
 extern "C" int32_t QV8NumericRescalingCmp(const NumericInfo* a_info, const NumericInfo* b_info, const Numeric* a,
                                           const Numeric* b) noexcept {
-    // No digit is rounded here, but a descriptor that is none is refused, before NaN is looked for.
+    // No digit is rounded here, but an invalid mode is refused, before NaN is looked for.
     if (!is_rounding_mode(a_info->rounding_mode) || !is_rounding_mode(b_info->rounding_mode)) {
         return NUMERIC_INVALID_ARGUMENT;
     }
     if (a_info->scale == b_info->scale) return compare_same_scale(*a, *b);
-    // NaN is below every number. Two of them are equal at one scale and not at two: the first is then below.
+    // NaN is below every number. Of two at different scales the first counts as the smaller.
     if (is_nan(*a)) return 1;
     if (is_nan(*b)) return -1;
 

@@ -24,7 +24,7 @@ Normalized normalize(const ExtendedNumeric& dividend, WordPair divisor) {
         result.dividend = ExtendedNumeric{{0, word[0], word[1], word[2]}};
         result.divisor = WordPair{divisor.low, 0};
         // Of the word that leaves the top only the lower half is looked at: a dividend above 2^224 that has nothing
-        // there is divided modulo 2^192. Hosts rely on the quotients that come out of it.
+        // there is divided modulo 2^192. The quotients that come out are part of the interface.
         result.overflow = static_cast<uint32_t>(word[3]) != 0;
     }
     const auto shift = static_cast<unsigned>(std::countl_zero(result.divisor.high));
@@ -65,10 +65,7 @@ using namespace qv8numeric;
 extern "C" NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, const NumericInfo* b_info,
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
-    if (is_nan(*a) || is_nan(*b)) {
-        *result = nan_pattern;
-        return NUMERIC_NAN;
-    }
+    if (propagates_nan(*a, *b, *result)) return NUMERIC_NAN;
     if (!are_rounding_modes(*a_info, *b_info, *result_info)) return NUMERIC_INVALID_ARGUMENT;
     if (is_zero(*b)) {
         *result = nan_pattern;

@@ -18,10 +18,7 @@ using namespace qv8numeric;
 extern "C" NumericStatus QV8NumericRescalingMul(const NumericInfo* a_info, const NumericInfo* b_info,
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
-    if (is_nan(*a) || is_nan(*b)) {
-        *result = nan_pattern;
-        return NUMERIC_NAN;
-    }
+    if (propagates_nan(*a, *b, *result)) return NUMERIC_NAN;
     if (!are_rounding_modes(*a_info, *b_info, *result_info)) return NUMERIC_INVALID_ARGUMENT;
 
     // The sign comes from the operands, so a product that rounds to zero still rounds in its own direction.

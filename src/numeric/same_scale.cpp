@@ -5,18 +5,12 @@
 using namespace qv8numeric;
 
 extern "C" NumericStatus QV8NumericAdd(const Numeric* a, const Numeric* b, Numeric* out) noexcept {
-    if (is_nan(*a) || is_nan(*b)) {
-        *out = nan_pattern;
-        return NUMERIC_NAN;
-    }
+    if (propagates_nan(*a, *b, *out)) return NUMERIC_NAN;
     return add_same_scale(*a, *b, *out);
 }
 
 extern "C" NumericStatus QV8NumericSub(const Numeric* a, const Numeric* b, Numeric* out) noexcept {
-    if (is_nan(*a) || is_nan(*b)) {
-        *out = nan_pattern;
-        return NUMERIC_NAN;
-    }
+    if (propagates_nan(*a, *b, *out)) return NUMERIC_NAN;
     return subtract_same_scale(*a, *b, *out);
 }
 

@@ -15,6 +15,13 @@ constexpr bool is_nan(const Numeric& value) { return value.high == nan_pattern.h
 constexpr bool is_zero(const Numeric& value) { return (value.low | static_cast<uint64_t>(value.high)) == 0; }
 constexpr bool is_negative(const Numeric& value) { return value.high < 0; }
 
+// The first thing an operation on two values asks: NaN for either of them is NaN in the result.
+constexpr bool propagates_nan(const Numeric& a, const Numeric& b, Numeric& result) {
+    if (!is_nan(a) && !is_nan(b)) return false;
+    result = nan_pattern;
+    return true;
+}
+
 // The two halves as an unsigned number, and back: the same 128 bits.
 constexpr WordPair bits_of(const Numeric& value) { return {static_cast<uint64_t>(value.high), value.low}; }
 constexpr Numeric from_bits(WordPair bits) { return {bits.low, static_cast<int64_t>(bits.high)}; }
