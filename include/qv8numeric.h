@@ -8,12 +8,14 @@
  *
  * Operations on values of one scale work on the bare coefficients. The rescaling operations take a descriptor for each
  * operand and one for the result, compute in 256 bits and round once. Every result is exact, or rounded once and
- * reported as NUMERIC_INEXACT, or refused with a status. Where a function departs from that, its manual says so.
+ * reported as NUMERIC_INEXACT, or refused with a status. Where a function departs from that, its manual lists the
+ * departures. They are part of the interface: programs may rely on them, and version 1 does not change them.
  *
  * What holds for every function here, unless its manual says otherwise:
  *
  *   Order     A NaN operand is found first: the result is NaN, the status NUMERIC_NAN, and nothing else is examined.
- *             Then the rounding modes are validated: NUMERIC_INVALID_ARGUMENT leaves the outputs untouched.
+ *             Then the rounding modes are validated: one above 6 is invalid, and NUMERIC_INVALID_ARGUMENT leaves the
+ *             outputs untouched.
  *   Range     Results lie in -(2^127 - 1) .. 2^127 - 1, which holds every number of 38 digits. One beyond becomes NaN,
  *             with NUMERIC_OVERFLOW or NUMERIC_UNDERFLOW by the sign of the true result.
  *   Aliasing  An output Numeric may be the same object as any Numeric operand.
@@ -141,11 +143,11 @@ typedef char qv8numeric_is_aligned_as_uint64
 
 /* ---- Zero and NaN ----------------------------------------------------------------------------------------------- */
 
-/* Sets *out to zero, or to NaN. */
+/* *out = zero; *out = NaN. */
 QV8NUMERIC_API void QV8NumericSetZero(Numeric* out) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 QV8NUMERIC_API void QV8NumericSetNan(Numeric* out) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 
-/* 1 when *v is zero, or NaN; else 0. NaN is not zero. */
+/* IsZero: 1 when *v is zero, else 0. IsNan: 1 when *v is NaN, else 0. NaN is not zero. */
 QV8NUMERIC_API int QV8NumericIsZero(const Numeric* v) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 QV8NUMERIC_API int QV8NumericIsNan(const Numeric* v) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 
@@ -181,7 +183,7 @@ QV8NUMERIC_API int32_t QV8NumericCmp(const Numeric* a, const Numeric* b) QV8NUME
  * NUMERIC_NAN               *num is NaN and stays so
  * NUMERIC_OVERFLOW,
  * NUMERIC_UNDERFLOW         the rounded value is beyond the range; *num is NaN
- * NUMERIC_INVALID_ARGUMENT  (Round) info's mode is none, even when nothing would be dropped; *num is untouched
+ * NUMERIC_INVALID_ARGUMENT  (Round) info's mode is invalid, even when nothing would be dropped; *num is untouched
  */
 QV8NUMERIC_API NumericStatus QV8NumericCeil(const NumericInfo* info, int32_t places,
                                             Numeric* num) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
@@ -197,9 +199,9 @@ QV8NUMERIC_API NumericStatus QV8NumericRound(const NumericInfo* info, int32_t pl
  * NUMERIC_NAN        *x is NaN and stays so, whatever m is
  * NUMERIC_UNDERFLOW  the product is beyond the range, on either side; *x is NaN
  *
- * Departures that hosts rely on: there is no NUMERIC_OVERFLOW. A negative m is refused with NUMERIC_UNDERFLOW for every
- * *x, zero included: multiply by -m (for any m but INT32_MIN) and subtract the product from zero. A product of exactly
- * -2^127 is accepted with NUMERIC_OK, and its pattern is NaN.
+ * Departures: there is no NUMERIC_OVERFLOW. A negative m is refused with NUMERIC_UNDERFLOW for every *x, zero included:
+ * multiply by -m (for any m but INT32_MIN) and subtract the product from zero. A product of exactly -2^127 is accepted
+ * with NUMERIC_OK, and its pattern is NaN.
  */
 QV8NUMERIC_API NumericStatus QV8NumericMul(Numeric* x, int32_t m) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 
@@ -209,13 +211,12 @@ QV8NUMERIC_API NumericStatus QV8NumericMul(Numeric* x, int32_t m) QV8NUMERIC_NOE
  * NUMERIC_OK                exact
  * NUMERIC_INEXACT           rounded
  * NUMERIC_NAN               *x is NaN and stays so, or d is 0 and *x becomes NaN
- * NUMERIC_INVALID_ARGUMENT  info's mode is none: *x holds the quotient all the same, cut off towards zero
+ * NUMERIC_INVALID_ARGUMENT  info's mode is invalid: *x holds the quotient all the same, cut off towards zero
  *
- * Departures that hosts rely on: d = 1 and d = -1 leave *x as it is, sign included, and do not look at the mode. For a
- * negative *x the result is not its quotient: the dividend is the number made of its top 32 bits as they stand in
- * two's complement and the lower 96 bits of its magnitude, divided and rounded with the sign of the quotient. Divide
- * magnitudes and apply the sign. A quotient of that number which is rounded up to 2^127 is stored as its pattern, NaN,
- * with NUMERIC_INEXACT.
+ * Departures: d = 1 and d = -1 leave *x as it is, sign included, and do not look at the mode. For a negative *x the
+ * result is not its quotient: the dividend is the number made of its top 32 bits as they stand in two's complement and
+ * the lower 96 bits of its magnitude, divided and rounded with the sign of the quotient. Divide magnitudes and apply
+ * the sign. A quotient of that number which is rounded up to 2^127 is stored as its pattern, NaN, with NUMERIC_INEXACT.
  *
  * Method: one reciprocal per call, two words by one (Moeller and Granlund 2011).
  */
@@ -231,10 +232,10 @@ QV8NUMERIC_API NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info,
  * NUMERIC_OK                moved, rounded or not
  * NUMERIC_NAN               *src is NaN; *dst is NaN
  * NUMERIC_OVERFLOW          beyond the range, on either side; *dst is NaN
- * NUMERIC_INVALID_ARGUMENT  places are removed and a mode, from's or to's, is none; *dst is *src. Both modes are
+ * NUMERIC_INVALID_ARGUMENT  places are removed and a mode, from's or to's, is invalid; *dst is *src. Both modes are
  *                           examined then, and neither when places are added or the scales are equal
  *
- * Departures that hosts rely on:
+ * Departures:
  * - A negative value that rounds to zero is NaN and NUMERIC_OVERFLOW.
  * - Removing places rounds at from's scale first. A value so close to the limit that this leaves the range goes on as
  *   -2^127: for *src > 0 that is NaN and NUMERIC_OVERFLOW (0 and NUMERIC_OK when more than 38 places go), for *src < 0
@@ -256,7 +257,7 @@ QV8NUMERIC_API NumericStatus QV8NumericRescale(const NumericInfo* from, const Nu
  * NUMERIC_NAN                   an operand is NaN; *result is NaN
  * NUMERIC_OVERFLOW,
  * NUMERIC_UNDERFLOW             beyond the range; *result is NaN
- * NUMERIC_INVALID_ARGUMENT      one of the three modes is none; *result is untouched
+ * NUMERIC_INVALID_ARGUMENT      one of the three modes is invalid; *result is untouched
  *
  * Scales that differ by up to 38 are aligned exactly. Beyond that the operand with fewer places is given 38 more (48
  * when its upper half is only a sign), and what the other operand holds below them is replaced by one unit there in the
@@ -264,8 +265,8 @@ QV8NUMERIC_API NumericStatus QV8NumericRescale(const NumericInfo* from, const Nu
  * that one unit of a tie or of the next whole result can be rounded as if it lay on it: 1 at scale 0 plus 99999999995
  * at scale 49, into scale 38 and rounded down, is 10^38 + 1.
  *
- * Cost: the same-scale operation when all three scales are equal; else at most 11 passes over 256 bits per change of
- * scale.
+ * Cost: that of the same-scale operation when all three scales are equal; else at most eleven passes over 256 bits for
+ * each operand and for the result.
  */
 QV8NUMERIC_API NumericStatus QV8NumericRescalingAdd(const NumericInfo* a_info, const NumericInfo* b_info,
                                                     const NumericInfo* result_info, const Numeric* a, const Numeric* b,
@@ -278,8 +279,8 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingSub(const NumericInfo* a_info, c
  * Compares two values of any scales, exactly. Mind the direction: the result is the sign of b - a, so
  * 1 when *a is the smaller, -1 when *a is the larger, 0 when they are equal.
  *
- * NUMERIC_INVALID_ARGUMENT (-3) when a mode is none, before anything else. There is no other status: NaN is below every
- * number. Two NaN are equal at equal scales; at different ones the first counts as the smaller.
+ * NUMERIC_INVALID_ARGUMENT (-3) when a mode is invalid, before anything else. There is no other status: NaN is below
+ * every number. Two NaN are equal at equal scales; at different ones the first counts as the smaller.
  */
 QV8NUMERIC_API int32_t QV8NumericRescalingCmp(const NumericInfo* a_info, const NumericInfo* b_info, const Numeric* a,
                                               const Numeric* b) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
@@ -298,8 +299,8 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingMul(const NumericInfo* a_info, c
  * *result = *a / *b at the scale of result_info, rounded once by its mode from the exact remainder.
  * Statuses as for QV8NumericRescalingAdd; a divisor of zero, found after the modes, is NUMERIC_NAN and NaN.
  *
- * Departure that hosts rely on: where |*b| is below 2^64 and |*a| times the power of ten that brings it to the result's
- * scale is 2^224 or more, the part above 2^192 is lost without notice if bits 192 to 223 of it are zero.
+ * Departure: where |*b| is below 2^64 and |*a| times the power of ten that brings it to the result's scale is 2^224 or
+ * more, the part above 2^192 is lost without notice if bits 192 to 223 of it are zero.
  *
  * Method: long division by a two-word reciprocal, three words by two (Moeller and Granlund 2011).
  */
@@ -319,7 +320,7 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, c
  *   exponent_shift  Not 0: the text shows the value times 10^exponent_shift and ends in "E" and the exponent that takes
  *                   this back. 1234.5 at output scale 4 and shift -3 is "1.2345000E+3"; at 1 and 3, "1234500E-3".
  *   buffer          Receives the text and its NUL, at its start. Its bytes behind the NUL are unspecified afterwards.
- *                   May be null when buffer_size is 0.
+ *                   May be null when buffer_size is 0, and may overlap *value and *info.
  *   buffer_size     In bytes. No byte beyond is touched. The text fits when its length + 1 is at most buffer_size;
  *                   QV8NUMERIC_TEXT_SIZE and QV8NUMERIC_GROUPED_TEXT_SIZE below give a size that always suffices.
  *
@@ -333,9 +334,9 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, c
  * NUMERIC_BUFFER_TOO_SMALL     The buffer holds the last buffer_size - 1 characters of the text and a NUL; as far as an
  *                              exponent alone does not fit, its last characters. It is untouched when buffer_size is 0,
  *                              below 4 for NaN, or more than the address space behind buffer.
- * NUMERIC_INVALID_ARGUMENT     info's mode is none, also when nothing is rounded; the buffer holds the exponent suffix
- *                              before a NUL in its last byte. Found before digits that do not fit, after a suffix that
- *                              does not.
+ * NUMERIC_INVALID_ARGUMENT     info's mode is invalid, also when nothing is rounded; the buffer holds the exponent
+ *                              suffix before a NUL in its last byte. Found before digits that do not fit, after a
+ *                              suffix that does not.
  */
 QV8NUMERIC_API NumericStatus QV8NumericNum2Str(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
                                                int32_t output_scale, char* buffer,
@@ -354,6 +355,7 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  *
  * The size for output scale 38 suffices for all from 38 down, negative ones included, as long as exponent_shift is 0.
  * A little above 2^32 at the most; on a 32-bit machine, arguments within -10^9 .. 10^9 give a size that fits size_t.
+ * Each argument is evaluated more than once.
  */
 #define QV8NUMERIC_TEXT_SIZE(exponent_shift, output_scale)                                          \
   QV8NUMERIC_CAST(size_t, QV8NUMERIC_DIGITS_SIZE(QV8NUMERIC_PLACES(exponent_shift, output_scale)) + \
@@ -375,8 +377,8 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
 /* ---- Text in ---------------------------------------------------------------------------------------------------- */
 
 /*
- * Reads a number literal into *result at info's scale, rounded by info's mode; Dgstr2Num also reads integer digits in
- * groups of three ("1,234.5"). Reads no byte beyond the NUL.
+ * Reads a number literal into *result at info's scale, rounded by info's mode; Dgstr2Num (dgstr: a string with digit
+ * groups) also reads integer digits in groups of three ("1,234.5"). Reads no byte beyond the NUL.
  *
  *     number = [sign] digits ["." [digits]] [("E"|"e") [sign] digits]  |  [sign] "." digits [("E"|"e") [sign] digits]
  *
@@ -390,11 +392,12 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Dgstr(const Numeric* value, const Num
  * NUMERIC_UNDERFLOW            beyond the range at info's scale; *result is NaN
  * NUMERIC_SYNTAX_ERROR         no literal at the start of the text, or an exponent beyond int32; *result is untouched
  *                              and *end is text
- * NUMERIC_INVALID_ARGUMENT     info's mode is none; *result is untouched, *end is written
+ * NUMERIC_INVALID_ARGUMENT     info's mode is invalid; *result is untouched, *end is written
  *
- * The empty text is NaN with NUMERIC_OK: an empty field. end is untouched and the mode not examined then.
+ * The empty text is NaN with NUMERIC_OK: an empty field. end is untouched and the mode not examined then. "NaN", which
+ * the formatters write, is not read back: it is NUMERIC_SYNTAX_ERROR.
  *
- * Departures that hosts rely on:
+ * Departures:
  * - Of a mantissa at least 41 and at most 45 significant digits are taken: three at a time while 42 or fewer are held,
  *   the last one or two of a run while 40 or fewer are. Further digits count as zeros and do not make the result
  *   inexact. Zeros before the first other digit are skipped, but not behind the point, and by the same steps of three:
@@ -420,7 +423,7 @@ QV8NUMERIC_API NumericStatus QV8NumericDgstr2Num(const char* text, const Numeric
  * NUMERIC_OK, NUMERIC_INEXACT  exact, or rounded
  * NUMERIC_OVERFLOW,
  * NUMERIC_UNDERFLOW            beyond the range; *out is NaN
- * NUMERIC_INVALID_ARGUMENT     info's mode is none; *out is untouched. Not examined at scale 0
+ * NUMERIC_INVALID_ARGUMENT     info's mode is invalid; *out is untouched. Not examined at scale 0
  */
 QV8NUMERIC_API NumericStatus QV8NumericLong2Num(int64_t value, const NumericInfo* info,
                                                 Numeric* out) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
@@ -436,11 +439,11 @@ QV8NUMERIC_API NumericStatus QV8NumericInt2Num(int32_t value, const NumericInfo*
  * NUMERIC_NAN               *in is NaN
  * NUMERIC_OVERFLOW          does not fit, for *in >= 0
  * NUMERIC_UNDERFLOW         does not fit, for *in < 0
- * NUMERIC_INVALID_ARGUMENT  info's mode is none. Not examined at scale 0
+ * NUMERIC_INVALID_ARGUMENT  info's mode is invalid. Not examined at scale 0
  *
  * *out is 0 with every status but the first two.
  *
- * Departures that hosts rely on, at scales other than 0: only the lowest 32 bits of the coefficient's magnitude are
+ * Departures, at scales other than 0: only the lowest 32 bits of the coefficient's magnitude are
  * replaced by those of the result, modulo 2^32; the bits above stay the coefficient's own. Every negative *in is
  * NUMERIC_UNDERFLOW. To convert any value, bring it to scale 0 first, with QV8NumericRescalingAdd and a zero.
  */
@@ -459,7 +462,7 @@ QV8NUMERIC_API NumericStatus QV8NumericNum2Int(const Numeric* in, const NumericI
  * NUMERIC_NAN                  a NaN; *out is NaN
  * NUMERIC_OVERFLOW,
  * NUMERIC_UNDERFLOW            an infinity, or beyond the range at this scale; *out is NaN
- * NUMERIC_INVALID_ARGUMENT     info's mode is none; *out is untouched. Not examined for zeros, infinities and NaN
+ * NUMERIC_INVALID_ARGUMENT     info's mode is invalid; *out is untouched. Not examined for zeros, infinities and NaN
  *
  * A zero of either sign is zero.
  *
@@ -478,10 +481,10 @@ QV8NUMERIC_API NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric*
  * NUMERIC_NAN                  *in is NaN; *out is a NaN with all bits set
  * NUMERIC_OVERFLOW,
  * NUMERIC_UNDERFLOW            beyond the doubles; *out is an infinity. The mode is not examined
- * NUMERIC_INVALID_ARGUMENT     info's mode is none; *out is untouched, but for a subnormal result, which is written cut
- *                              off towards zero. Not examined for zero
+ * NUMERIC_INVALID_ARGUMENT     info's mode is invalid; *out is untouched, but for a subnormal result, which is written
+ *                              cut off towards zero. Not examined for zero
  *
- * Departures that hosts rely on: a coefficient of 2^113 or more at a negative scale may be converted wrongly, since
+ * Departures: a coefficient of 2^113 or more at a negative scale may be converted wrongly, since
  * its product with the power of ten can leave the 256 bits, which is neither noticed nor reported: 2^126 at scale -11
  * is the double nearest 6.629e44. A value rounded up from the largest double is an infinity with NUMERIC_INEXACT, and a
  * subnormal rounded up to the smallest normal number is zero.
@@ -532,7 +535,8 @@ extern "C" {
 struct NumberParseState;
 QV8NUMERIC_API int numparse_yylex(struct NumberParseState* state) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 QV8NUMERIC_API int numparse_yyparse(struct NumberParseState* state) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
-QV8NUMERIC_API void numparse_yyerror(struct NumberParseState* state, const char* message) QV8NUMERIC_NOEXCEPT;
+QV8NUMERIC_API void numparse_yyerror(struct NumberParseState* state,
+                                     const char* message) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
 #  if defined(__cplusplus)
 } /* extern "C" */
 #  endif
