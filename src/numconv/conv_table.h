@@ -11,7 +11,7 @@ namespace qv8numeric {
 
 // Entry i holds the decimal digits of i as values, one a byte, units lowest: shifted out from the bottom they come in
 // the order in which text is written backwards. A constant, so it is there before the first call of any thread.
-inline constexpr auto conv_table = [] {
+inline constexpr auto conv_table = []() {
     std::array<std::uint32_t, 10000> table{};
     for (std::size_t i = 0; i < table.size(); ++i) {
         const auto n = static_cast<std::uint32_t>(i);

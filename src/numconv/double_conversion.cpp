@@ -11,6 +11,8 @@
 #include <limits>
 
 #include "wide/narrowing.h"
+#include "wide/powers.h"
+#include "wide/primitives.h"
 #include "wide/shifting.h"
 
 namespace qv8numeric {
@@ -207,8 +209,8 @@ NumericStatus put_normal(const Significand& significand, int64_t exponent, bool 
     return significand.status;
 }
 
-// A carry into the implicit bit is masked away, and a mode that is none finds the significand, cut off, written: other
-// than for normal numbers, and hosts know it.
+// A carry into the implicit bit is masked away, and with an invalid mode the significand is written, cut off. Both are
+// other than for normal numbers, and part of the interface.
 NumericStatus put_subnormal(const Significand& significand, bool negative, double& out) {
     store(sign_field(negative) | (significand.bits & fraction_mask), out);
     return significand.status;

@@ -7,6 +7,8 @@
 
 #include "numconv/conv_table.h"
 #include "wide/narrowing.h"
+#include "wide/powers.h"
+#include "wide/primitives.h"
 
 namespace qv8numeric {
 namespace {

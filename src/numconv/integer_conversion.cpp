@@ -10,7 +10,7 @@ namespace {
 
 NumericStatus from_integer(int64_t value, const NumericInfo& info, Numeric& out) {
     const Numeric exact{static_cast<uint64_t>(value), value < 0 ? -1 : 0};
-    if (info.scale == 0) {  // nothing can round here, and a mode that is none goes unnoticed
+    if (info.scale == 0) {  // nothing can round here, and an invalid mode goes unnoticed
         out = exact;
         return NUMERIC_OK;
     }
@@ -25,8 +25,8 @@ uint32_t scaled_limb(uint32_t lowest, uint64_t places) {
     return limb(x, 0);
 }
 
-// The magnitude of value * 10^-scale as hosts know it: the lowest limb is that of the result, cut off towards zero; the
-// limbs above it stay those of value. Exact while the value and the result are both below 2^32.
+// The magnitude of value * 10^-scale as the interface has it: the lowest limb is that of the result, cut off towards
+// zero; the limbs above it stay those of value. Exact while the value and the result are both below 2^32.
 WordPair rescaled_lowest_limb(const Numeric& value, int64_t scale, Dropped& dropped) {
     WordPair magnitude = magnitude_of(value);
     uint32_t lowest = 0;
@@ -60,7 +60,7 @@ NumericStatus to_integer(const Numeric& in, const NumericInfo& info, Integer& ou
         if (!is_rounding_mode(info.rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
     }
     // At a scale other than 0 it is the magnitude that is held against the range of the value's sign: no negative value
-    // passes. Callers convert the magnitude.
+    // passes.
     if (is_negative(rescaled) != negative || !is_within<Integer>(rescaled)) {
         return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
     }

@@ -11,8 +11,8 @@ namespace qv8numeric {
 // The common scale of two operands, and the places that take each of them there.
 struct Alignment {
     int64_t common_scale;
-    long long a_shift;
-    long long b_shift;
+    int64_t a_shift;
+    int64_t b_shift;
 };
 
 // At most one shift is negative: only the operand with more places can lose digits, and only when the scales differ by
@@ -27,7 +27,7 @@ void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, co
 // Moves x, in two's complement, by shift places, rounds it once and stores it. adjust is the sign of what was dropped
 // before x was formed: one unit of x in that direction stands for it, which makes the result inexact. A magnitude of
 // 2^127 or more makes overflow nonzero; then result holds its low 128 bits, for the caller to replace. x is scratch.
-// NUMERIC_OK, NUMERIC_INEXACT, or NUMERIC_INVALID_ARGUMENT for a mode that is none, with the result untouched.
+// NUMERIC_OK, NUMERIC_INEXACT, or NUMERIC_INVALID_ARGUMENT for an invalid mode, with the result untouched.
 NumericStatus postprocess(ExtendedNumeric& x, int adjust, const long long& shift, const unsigned& rounding_mode,
                           Numeric& result, unsigned& overflow);
 

@@ -65,8 +65,8 @@ extern "C" NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info, int3
     const bool negative = is_negative(*x) != (d < 0);
     const auto divisor = static_cast<uint32_t>(magnitude_of(d));
 
-    // The top limb is the one before the sign was taken off: the quotient of a negative value is not its quotient, and
-    // callers divide magnitudes. For a value that is not negative this is its magnitude.
+    // The top limb is taken before the sign is removed, so a negative value is not divided as itself: callers divide
+    // magnitudes. For a value that is not negative this is its magnitude.
     WordPair dividend = magnitude_of(*x);
     dividend.high = (uint64_t{limb(*x, 3)} << 32) | (dividend.high & UINT32_MAX);
 
@@ -78,7 +78,7 @@ extern "C" NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info, int3
         // At most 2^127 - 1 before: the divisor is at least 2. Rounded up from there it becomes the NaN pattern.
         division.quotient = wrapping_add(division.quotient, WordPair{0, 1});
     }
-    // The mode is looked at only now: one that is none finds the quotient, cut off, already in place.
+    // The mode is reported only now: with an invalid one the quotient, cut off, is in place all the same.
     *x = with_sign(division.quotient, negative);
     if (!valid) return NUMERIC_INVALID_ARGUMENT;
     return dropped.anything() ? NUMERIC_INEXACT : NUMERIC_OK;

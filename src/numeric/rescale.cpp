@@ -2,6 +2,8 @@
 // The explicit change of scale.
 #include "numeric/truncation.h"
 #include "wide/narrowing.h"
+#include "wide/rounding.h"
+#include "wide/scaling.h"
 
 namespace qv8numeric {
 namespace {
@@ -26,7 +28,7 @@ ExtendedNumeric fewer_places(const Numeric& value, uint64_t places) {
     return apply_sign(magnitude, is_negative(value));
 }
 
-// All four upper limbs alike. They need not equal the sign: hosts rely on the values that pass here.
+// All four upper limbs alike. They need not equal the sign, and the values that pass here are part of the interface.
 bool upper_limbs_agree(const ExtendedNumeric& x) { return x.word[2] == x.word[3] && limb(x, 4) == limb(x, 5); }
 
 }  // namespace

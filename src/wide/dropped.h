@@ -17,6 +17,10 @@ constexpr uint32_t remainder_code(uint32_t remainder, uint32_t divisor) {
     return static_cast<uint32_t>(one_half - uint64_t{divisor} + 2 * uint64_t{remainder});
 }
 
+static_assert(remainder_code(1, 100000000) == 0x7A0A1F02);         // just above nothing
+static_assert(remainder_code(50000000, 100000000) == one_half);    // one half
+static_assert(remainder_code(99999999, 100000000) == 0x85F5E0FE);  // just below a unit
+
 // The remainder that a code of remainder_code stands for.
 constexpr uint32_t remainder_of(uint32_t code, uint32_t divisor) {
     return code == 0 ? 0 : static_cast<uint32_t>((uint64_t{code} + divisor - one_half) / 2);

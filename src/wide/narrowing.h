@@ -6,7 +6,6 @@
 #include "wide/coefficient.h"
 #include "wide/extended_numeric.h"
 #include "wide/rounding.h"
-#include "wide/scaling.h"
 
 namespace qv8numeric {
 
@@ -16,34 +15,26 @@ constexpr bool fits(const ExtendedNumeric& magnitude) {
 }
 
 // NaN, for a result beyond the range on the side of its sign.
-constexpr NumericStatus refuse(bool is_negative, Numeric& result) {
+constexpr NumericStatus refuse(bool negative, Numeric& result) {
     result = nan_pattern;
-    return is_negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
+    return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
 }
 
 // status when the magnitude fits, with the result written; otherwise refused.
-constexpr NumericStatus narrow(const ExtendedNumeric& magnitude, bool is_negative, unsigned overflow,
-                               NumericStatus status, Numeric& result) {
-    if (overflow != 0 || !fits(magnitude)) return refuse(is_negative, result);
-    result = with_sign(low_half(magnitude), is_negative);
+constexpr NumericStatus narrow(const ExtendedNumeric& magnitude, bool negative, unsigned overflow, NumericStatus status,
+                               Numeric& result) {
+    if (overflow != 0 || !fits(magnitude)) return refuse(negative, result);
+    result = with_sign(low_half(magnitude), negative);
     return status;
 }
 
-// Moves a magnitude by a number of places and rounds it there, once. overflow collects what left the top.
-constexpr NumericStatus scale_and_round(ExtendedNumeric& magnitude, bool is_negative, int64_t places, uint32_t mode,
-                                        unsigned& overflow) {
-    Dropped dropped;
-    scale_by(magnitude, places, overflow, dropped);
-    return round_magnitude(magnitude, dropped, is_negative, mode);
-}
-
-// The common end of an operation: to the result's scale, one rounding, and out. A mode that is none leaves the result
+// The common end of an operation: to the result's scale, one rounding, and out. An invalid mode leaves the result
 // untouched, also when it would not have been needed.
-constexpr NumericStatus scale_round_narrow(ExtendedNumeric magnitude, bool is_negative, int64_t places, uint32_t mode,
+constexpr NumericStatus scale_round_narrow(ExtendedNumeric magnitude, bool negative, int64_t places, uint32_t mode,
                                            unsigned overflow, Numeric& result) {
-    const NumericStatus status = scale_and_round(magnitude, is_negative, places, mode, overflow);
+    const NumericStatus status = scale_and_round(magnitude, negative, places, mode, overflow);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;
-    return narrow(magnitude, is_negative, overflow, status, result);
+    return narrow(magnitude, negative, overflow, status, result);
 }
 
 }  // namespace qv8numeric

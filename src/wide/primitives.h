@@ -15,7 +15,7 @@ namespace qv8numeric {
 // Integers using Multiplication", 1994), with a bounded correction instead of an exact multiplier. 1 <= d < 2^30.
 struct divisor_t {
     unsigned shift;       // s = floor(log2 d)
-    unsigned multiplier;  // m = floor(2^(32+s) / d), capped at 2^32 - 1; only d = 1 reaches the cap
+    unsigned multiplier;  // m = floor(2^(32+s) / d), capped at 2^32 - 1, which powers of two reach: here d = 1
     unsigned divisor;     // d
 };
 
@@ -33,7 +33,7 @@ struct LimbQuotient {
 // x / d for x < d * 2^32.
 // The product: floor(x/2^s) * m <= (x/2^s) * (2^(32+s)/d) = 2^32 * x/d < 2^64.
 // The estimate q' is never above x/d, and each of three roundings costs it little: less than m/2^32 <= 1 for the shift,
-// less than x/2^s/2^32 < d/2^s < 2 for the multiplier, less than 1 for the last. So q' > x/d - 4, the quotient is at
+// at most x/2^s/2^32 < d/2^s < 2 for the multiplier, less than 1 for the last. So q' > x/d - 4, the quotient is at
 // most three more, and the remainder to correct is below 4d < 2^32.
 constexpr LimbQuotient divide_limb(uint64_t x, const divisor_t& d) {
     auto quotient = static_cast<uint32_t>((x >> d.shift) * d.multiplier >> 32);

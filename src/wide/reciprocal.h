@@ -17,7 +17,7 @@
 namespace qv8numeric {
 
 // Eleven bits of the reciprocal from the top nine of the divisor, which lie in 256 .. 511.
-inline constexpr auto reciprocal_seed = [] {
+inline constexpr auto reciprocal_seed = []() {
     std::array<std::uint16_t, 256> table{};
     for (std::size_t i = 0; i < table.size(); ++i) {
         table[i] = static_cast<std::uint16_t>(((1u << 19) - 3 * (1u << 8)) / (256 + i));

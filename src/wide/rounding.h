@@ -7,6 +7,7 @@
 
 #include "wide/dropped.h"
 #include "wide/extended_numeric.h"
+#include "wide/scaling.h"
 
 namespace qv8numeric {
 
@@ -36,7 +37,7 @@ enum class Increased : unsigned char {
     always = 0b1111,
 };
 
-inline constexpr auto increased_by_mode = [] {
+inline constexpr auto increased_by_mode = []() {
     using enum Increased;
     return std::array<std::array<Increased, 4>, 7>{{
         //           nothing  below_half  exactly_half  above_half
@@ -51,20 +52,28 @@ inline constexpr auto increased_by_mode = [] {
 }();
 
 // The decision, for a valid mode. The sign is that of the value, which a magnitude of zero may have too.
-constexpr bool rounds_away(uint32_t mode, const Dropped& dropped, bool is_negative, bool is_odd) {
+constexpr bool rounds_away(uint32_t mode, const Dropped& dropped, bool negative, bool odd) {
     const auto increased = static_cast<unsigned>(increased_by_mode[mode][static_cast<unsigned>(fraction_of(dropped))]);
-    const unsigned kept = (is_negative ? 2u : 0u) + (is_odd ? 1u : 0u);
+    const unsigned kept = (negative ? 2u : 0u) + (odd ? 1u : 0u);
     return (increased >> kept & 1) != 0;
 }
 
 // Rounds a magnitude from what was dropped below it. NUMERIC_INEXACT when that was anything at all, increased or not;
-// NUMERIC_INVALID_ARGUMENT for a mode that is none, with the magnitude untouched.
-constexpr NumericStatus round_magnitude(ExtendedNumeric& magnitude, const Dropped& dropped, bool is_negative,
+// NUMERIC_INVALID_ARGUMENT for an invalid mode, with the magnitude untouched.
+constexpr NumericStatus round_magnitude(ExtendedNumeric& magnitude, const Dropped& dropped, bool negative,
                                         uint32_t mode) {
     if (!is_rounding_mode(mode)) return NUMERIC_INVALID_ARGUMENT;
     if (!dropped.anything()) return NUMERIC_OK;
-    if (rounds_away(mode, dropped, is_negative, is_odd(magnitude))) magnitude = increment(magnitude);
+    if (rounds_away(mode, dropped, negative, is_odd(magnitude))) magnitude = increment(magnitude);
     return NUMERIC_INEXACT;
+}
+
+// Moves a magnitude by a number of places and rounds it there, once. overflow collects what left the top.
+constexpr NumericStatus scale_and_round(ExtendedNumeric& magnitude, bool negative, int64_t places, uint32_t mode,
+                                        unsigned& overflow) {
+    Dropped dropped;
+    scale_by(magnitude, places, overflow, dropped);
+    return round_magnitude(magnitude, dropped, negative, mode);
 }
 
 }  // namespace qv8numeric

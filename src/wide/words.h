@@ -8,6 +8,7 @@
 
 #include <compare>
 #include <cstdint>
+#include <type_traits>
 
 #if defined(__clang__)
 #  define QV8NUMERIC_MAY_WRAP __attribute__((no_sanitize("unsigned-integer-overflow")))
@@ -28,6 +29,9 @@ using std::int32_t;
 using std::int64_t;
 using std::uint32_t;
 using std::uint64_t;
+
+// Some signatures say unsigned where 32 bits are meant, one of them in an exported C++ name: both are one type.
+static_assert(std::is_same_v<uint32_t, unsigned>);
 
 // An unsigned 128-bit number.
 struct WordPair {
