@@ -140,6 +140,7 @@ TEST(ExtendedNumeric, BitLengthAtEveryPowerOfTwo) {
     }
 }
 
+static_assert(sizeof(ExtendedNumeric) == 32);
 static_assert(limb(sign_extend(Numeric{0, -1}), 7) == UINT32_MAX && limb(extend({1, 0}), 2) == 1);
 static_assert(is_zero(add(ExtendedNumeric{{1, 0, 0, 0}}, negate(ExtendedNumeric{{1, 0, 0, 0}}))));
 static_assert(is_zero(increment(decrement(ExtendedNumeric{}))) && is_negative(decrement(ExtendedNumeric{})));

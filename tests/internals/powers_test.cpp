@@ -62,7 +62,7 @@ TEST(Powers, OfFive) { expect_tables(5, power_of_five, negative_power_of_five, k
 TEST(Powers, AnyDivisorIsPreparedByTheSameRule) {
     RandomValues random(1);
     for (int i = 0; i < 10000; ++i) {
-        const unsigned d = static_cast<unsigned>((random.word() & ((UINT64_C(1) << 30) - 1)) >> random.below(30)) | 1;
+        const auto d = static_cast<unsigned>(random.word() & 0x3fffffff) >> random.below(30) | 1U << random.below(30);
         expect_definition(make_divisor(d), d);
         if (HasFailure()) return;
     }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <vector>
 
 #include "wide/powers.h"
@@ -248,7 +250,7 @@ TEST(Estimate, IsCorrectedAtMostTwiceForTheTables) {
             check_around((limit >> d.shift << d.shift) - (i << d.shift));
         }
         check(limit - 1);
-        EXPECT_GE(most, 1U) << "an estimate without an error would need no correction at all";
+        EXPECT_GE(most, 1U) << "or the walk has missed every step";
         EXPECT_LE(most, 2U);
     }
 }
@@ -280,7 +282,8 @@ TEST(Estimate, IsCorrectedUpToThreeTimes) {
 TEST(Estimate, HoldsForEveryDivisorThatIsAllowed) {
     RandomValues random(4);
     for (int i = 0; i < 100000; ++i) {
-        const auto divisor = static_cast<unsigned>((random.word() & ((UINT64_C(1) << 30) - 1)) >> random.below(30)) | 1;
+        const auto divisor =
+            static_cast<unsigned>(random.word() & 0x3fffffff) >> random.below(30) | 1U << random.below(30);
         const divisor_t d = make_divisor(divisor);
         const uint64_t limit = uint64_t{divisor} << 32;
         for (const uint64_t x : {random.below(limit), limit - 1 - random.below(divisor), limit - 1}) {
@@ -289,6 +292,9 @@ TEST(Estimate, HoldsForEveryDivisorThatIsAllowed) {
     }
 }
 
+// Three 32-bit words in this order.
+static_assert(sizeof(divisor_t) == 12 && offsetof(divisor_t, shift) == 0);
+static_assert(offsetof(divisor_t, multiplier) == 4 && offsetof(divisor_t, divisor) == 8);
 static_assert([] {
     ExtendedNumeric x{{0, 0, 0, UINT64_C(1) << 63}};
     unsigned overflow = 0;

@@ -3,6 +3,7 @@
 #ifndef QV8NUMERIC_TESTS_WIDE_VALUES_H
 #define QV8NUMERIC_TESTS_WIDE_VALUES_H
 
+#include <algorithm>
 #include <boost/multiprecision/cpp_int.hpp>
 #include <cstdint>
 #include <iterator>
