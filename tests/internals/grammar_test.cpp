@@ -25,9 +25,13 @@ void expect_literals(NumberFormatMode mode, const GrammarRow (&rows)[count]) {
         SCOPED_TRACE(row.text);
         const Text text(row.text);
         NumberParseState state = state_at(text, mode);
+        NumberParseState inside = state;
         EXPECT_EQ(numparse_yyparse(&state), row.result);
+        EXPECT_EQ(read_literal(inside), row.result == 0);
+        EXPECT_EQ(changes(state, inside), "") << "the exported name does the same";
         if (row.result == 0) {
             EXPECT_EQ(state.token_start - text.begin(), row.end);
+            EXPECT_EQ(inside.token_start, state.token_start);
         }
     }
 }

@@ -191,6 +191,7 @@ constexpr WayRow kWayRows[] = {
     {"down to a half", -1, 1234, Fraction::exactly_half},
     {"nowhere", 0, 12345, Fraction::nothing},
     {"down to nothing", -INT64_MAX, 0, Fraction::below_half},
+    {"down as far as can be said", INT64_MIN, 0, Fraction::below_half},
 };
 
 TEST(ScaleBy, SignOfThePlacesSaysWhichWay) {

@@ -14,6 +14,7 @@ namespace qv8numeric_tests {
 namespace {
 
 using qv8numeric::numeric_truncation_inline;
+using qv8numeric::truncated_sign;
 
 Outcome truncated(const Numeric& value, std::int32_t scale, std::int32_t target, std::int32_t result_scale,
                   std::uint32_t mode) {
@@ -131,6 +132,11 @@ TEST(Truncation, EveryWayThroughThreeScales) {
         if (HasFailure()) return;
     }
 }
+
+// A part that was cut off has the sign of the value, whatever is left of it; zero counts as positive.
+static_assert(truncated_sign({0, -1}, true) == -1 && truncated_sign({0, 1}, true) == 1);
+static_assert(truncated_sign({0, 0}, true) == 1);
+static_assert(truncated_sign({0, -1}, false) == 0 && truncated_sign({0, 1}, false) == 0);
 
 }  // namespace
 }  // namespace qv8numeric_tests

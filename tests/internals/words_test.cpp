@@ -74,6 +74,7 @@ TEST(Words, WrappingMeansModulo2To64) {
         EXPECT_EQ(Integer{wrapping_add(a, b)}, modulo(Integer{a} + b, modulus)) << a << " + " << b;
         EXPECT_EQ(Integer{wrapping_subtract(a, b)}, modulo(Integer{a} - b, modulus)) << a << " - " << b;
         EXPECT_EQ(Integer{wrapping_multiply(a, b)}, modulo(Integer{a} * b, modulus)) << a << " * " << b;
+        EXPECT_EQ(Integer{wrapping_negate(a)}, modulo(-Integer{a}, modulus)) << a;
     });
 }
 
@@ -136,6 +137,7 @@ TEST(WordPairs, OrderIsThatOfTheNumbers) {
 static_assert(wrapping_add(UINT64_MAX, 2) == 1);
 static_assert(wrapping_subtract(1, 2) == UINT64_MAX);
 static_assert(wrapping_multiply(UINT64_MAX, UINT64_MAX) == 1);
+static_assert(wrapping_negate(1) == UINT64_MAX);
 static_assert([] {
     uint64_t carry = 1;
     return add_with_carry(UINT64_MAX, UINT64_MAX, carry) == UINT64_MAX && carry == 1;
