@@ -98,17 +98,6 @@ TEST(Dump, LimbsPrintLikeTheValueTheyMakeUp) {
               "(80000000,00000000,00000000,00000000)\n");
 }
 
-TEST(Dump, IntermediatePrintsEightGroupsAndTwoParentheses) {
-    alignas(8) const std::uint32_t limbs[8] = {0x76543210U, 0xfedcba98U, 0x00000001U, 0x80000000U,
-                                               0xffffffffU, 0x00000000U, 0x89abcdefU, 0x01234567U};
-    // The type is opaque here; eight 32-bit limbs, lowest first, is all a caller knows of it.
-    const auto* intermediate = reinterpret_cast<const ExtendedNumeric*>(limbs);
-    CapturedOutput output;
-    const int printed = dump(intermediate);
-    EXPECT_EQ(output.text(), "(01234567,89abcdef,00000000,ffffffff,80000000,00000001,fedcba98,76543210))\n");
-    EXPECT_EQ(printed, 75);
-}
-
 TEST(Dump, SharesTheStreamWithTheCaller) {
     const Numeric one = num("1");
     CapturedOutput output;

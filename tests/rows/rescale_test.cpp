@@ -271,17 +271,5 @@ TEST(Rescale, SpecialValuesToFewerPlaces) {
     }
 }
 
-TEST(Rescale, MorePlacesAndBack) {
-    for (const Numeric& value : special_values()) {
-        for (std::int32_t places = 0; places <= 38; ++places) {
-            const NumericInfo narrow{0, kUp}, wide{places, kUp};
-            Numeric widened = kPoison;
-            if (QV8NumericRescale(&narrow, &wide, &value, &widened) != NUMERIC_OK) break;
-            if (in_range(coefficient(value) * power_of_ten(places), NUMERIC_OK).status != NUMERIC_OK) break;
-            EXPECT_TRUE(yields(rescale(wide, narrow), widened, {NUMERIC_OK, value})) << value << ", " << places;
-        }
-    }
-}
-
 }  // namespace
 }  // namespace qv8numeric_tests
