@@ -2,14 +2,17 @@
 /*
  * Prints a statement of a ledger kept as CSV, exact to the last place of every currency.
  *
- * Each line of the file carries amounts at scales of their own: a quantity, a unit price, a tax rate. They are
- * multiplied without an intermediate rounding and rounded once, into the places of the line's currency:
+ * Each line of the file carries amounts at scales of their own: a quantity, a unit price, a tax rate. Each product is
+ * exact inside and rounded once, into the places of the line's currency; the tax is that of the rounded net:
  *
  *     net = quantity x unit price        tax = net x tax rate        gross = net + tax
  *
  * A line is posted wholly or not at all. Lines that cannot be posted are listed at the end of the statement with
  * their number, the field at fault and a status; they do not stop the run and do not change its exit status.
  * Money never passes through binary floating point.
+ *
+ * The library is called in read_amount, check_places, price_entry, accumulate, put_amount and put_difference. The rest
+ * reads CSV and prints tables.
  */
 #include <errno.h>
 #include <qv8numeric.h>
@@ -108,7 +111,7 @@ static int refuse(struct fault* fault, const char* field, NumericStatus status, 
 
 /* The one place that judges a computed amount. */
 static int accept_amount(NumericStatus status, const char* name, struct fault* fault) {
-    return succeeded(status) || refuse(fault, name, status, "too large for 128 bits", NULL);
+    return succeeded(status) || refuse(fault, name, status, "outside 128 bits", NULL);
 }
 
 /* ---- Lines and their fields ---- */
@@ -226,8 +229,8 @@ static int read_amount(const struct amount_field* field, const char* text, Numer
 
     if (status == NUMERIC_SYNTAX_ERROR) return refuse(fault, field->name, status, "not a number", text);
     if (end == NULL) return refuse(fault, field->name, NUMERIC_NAN, "empty", text);
-    if (*end != '\0') return refuse(fault, field->name, NUMERIC_SYNTAX_ERROR, "text after the number", end);
-    if (!succeeded(status)) return refuse(fault, field->name, status, "too large for 128 bits", text);
+    if (*end != '\0') return refuse(fault, field->name, NUMERIC_SYNTAX_ERROR, "text after the number", text);
+    if (!succeeded(status)) return refuse(fault, field->name, status, "outside 128 bits", text);
     if (status == NUMERIC_INEXACT || count_digits(text) > DIGITS_READ) {
         return refuse(fault, field->name, NUMERIC_INEXACT, "more places than are kept", text);
     }
