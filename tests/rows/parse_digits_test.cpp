@@ -10,10 +10,6 @@
 namespace qv8numeric_tests {
 namespace {
 
-constexpr Parser kPlain = QV8NumericStr2Num;
-constexpr Parser kGrouped = QV8NumericDgstr2Num;
-constexpr Parser kParsers[] = {kPlain, kGrouped};
-
 std::string zeros(std::size_t count) { return std::string(count, '0'); }
 
 // "1", zeros, and another "1" at the given position of `length` digits.

@@ -8,17 +8,6 @@
 namespace qv8numeric_tests {
 namespace {
 
-constexpr Parser kPlain = QV8NumericStr2Num;
-constexpr Parser kGrouped = QV8NumericDgstr2Num;
-constexpr Parser kParsers[] = {kPlain, kGrouped};
-
-void expect_rows_of_both(std::span<const ParseRow> rows) {
-    for (const Parser parser : kParsers) {
-        SCOPED_TRACE(parser == kPlain ? "plain" : "grouped");
-        expect_rows(parser, rows);
-    }
-}
-
 // name, text, scale, mode, status, value, end
 constexpr ParseRow kValueRows[] = {
     {"into a larger scale", "1e3", 2, kHalfEven, NUMERIC_OK, "100000", kWholeText},

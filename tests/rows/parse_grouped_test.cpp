@@ -8,9 +8,6 @@
 namespace qv8numeric_tests {
 namespace {
 
-constexpr Parser kPlain = QV8NumericStr2Num;
-constexpr Parser kGrouped = QV8NumericDgstr2Num;
-
 // name, text, scale, mode, status, value, end
 constexpr ParseRow kGroupRows[] = {
     {"one group", "1,234", 0, kHalfEven, NUMERIC_OK, "1234", kWholeText},

@@ -9,17 +9,6 @@
 namespace qv8numeric_tests {
 namespace {
 
-constexpr Parser kPlain = QV8NumericStr2Num;
-constexpr Parser kGrouped = QV8NumericDgstr2Num;
-constexpr Parser kParsers[] = {kPlain, kGrouped};
-
-void expect_rows_of_both(std::span<const ParseRow> rows) {
-    for (const Parser parser : kParsers) {
-        SCOPED_TRACE(parser == kPlain ? "plain" : "grouped");
-        expect_rows(parser, rows);
-    }
-}
-
 // name, text, scale, mode, status, value, end
 constexpr ParseRow kValueRows[] = {
     {"digits", "12", 0, kHalfEven, NUMERIC_OK, "12", kWholeText},

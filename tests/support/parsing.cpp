@@ -47,6 +47,13 @@ void expect_rows(Parser parser, std::span<const ParseRow> rows) {
     }
 }
 
+void expect_rows_of_both(std::span<const ParseRow> rows) {
+    for (const Parser parser : kParsers) {
+        SCOPED_TRACE(parser == kPlain ? "plain" : "grouped");
+        expect_rows(parser, rows);
+    }
+}
+
 void expect_rows(Parser parser, std::span<const ParseModesRow> rows) {
     for (const ParseModesRow& row : rows) {
         for (const std::uint32_t mode : kModes) {

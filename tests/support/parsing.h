@@ -13,6 +13,10 @@ namespace qv8numeric_tests {
 
 using Parser = NumericStatus (*)(const char* text, const NumericInfo* info, Numeric* result, char** end);
 
+inline constexpr Parser kPlain = QV8NumericStr2Num;
+inline constexpr Parser kGrouped = QV8NumericDgstr2Num;
+inline constexpr Parser kParsers[] = {kPlain, kGrouped};
+
 // As an end position: the caller's pointer was left alone.
 inline constexpr std::ptrdiff_t kEndUntouched = -1;
 
@@ -39,6 +43,7 @@ struct ParseRow {
 };
 
 void expect_rows(Parser parser, std::span<const ParseRow> rows);
+void expect_rows_of_both(std::span<const ParseRow> rows);
 
 // The text is read to its end.
 struct ParseModesRow {
