@@ -2,6 +2,8 @@
 // What number to text leaves in a buffer of any size, and which complaint comes first.
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "formatting.h"
 #include "modes.h"
 
@@ -228,6 +230,21 @@ TEST(FormatBuffer, WritesAMegabyteOfZeros) {
     const Filled fraction = fill(QV8NumericNum2Dgstr, {num("-12"), {0, kHalfEven}, -kZeros, 0}, kZeros + 100);
     EXPECT_EQ(status_name(fraction.status), "NUMERIC_OK");
     EXPECT_TRUE(fraction.text() == "-0." + std::string(kZeros - 2, '0') + "12E+1000000");
+}
+
+// Value and descriptor in the last bytes of the buffer, which are the first ones written.
+TEST(FormatBuffer, MayLieOverTheValueAndItsDescriptor) {
+    struct Operands {
+        Numeric value;
+        NumericInfo info;
+    };
+    for (const Formatter formatter : kFormatters) {
+        alignas(Operands) char buffer[64] = {};
+        auto* const operands = new (buffer + sizeof buffer - sizeof(Operands)) Operands{num("-5"), {1, kHalfUp}};
+        EXPECT_EQ(status_name(formatter(&operands->value, &operands->info, 3, 0, buffer, sizeof buffer)),
+                  "NUMERIC_INEXACT");
+        EXPECT_EQ(std::string(buffer), formatter == QV8NumericNum2Dgstr ? "-1,000E-3" : "-1000E-3");
+    }
 }
 
 }  // namespace
