@@ -2,6 +2,7 @@
 #include "numeric/alignment.h"
 
 #include "wide/narrowing.h"
+#include "wide/scaling.h"
 
 namespace qv8numeric {
 namespace {
@@ -12,17 +13,6 @@ constexpr int64_t exact_distance = 38;
 // Beyond it, the places by which it is multiplied, so that what the other operand loses stays far below the result's
 // last place. A coefficient whose upper half is only a sign is at most 2^64, and 2^64 * 10^48 < 2^224.
 constexpr int64_t guard_digits(const Numeric& value) { return value.high == 0 || value.high == -1 ? 48 : 38; }
-
-// The signed value moved by shift places; the remainder codes of the way down are ORed into discarded.
-ExtendedNumeric shifted(const Numeric& value, int64_t shift, unsigned& discarded) {
-    if (shift == 0) return sign_extend(value);
-    ExtendedNumeric magnitude = extend(magnitude_of(value));
-    unsigned lost = 0;
-    Dropped dropped;
-    scale_by(magnitude, shift, lost, dropped);
-    discarded |= dropped.code | dropped.sticky;
-    return is_negative(value) ? negate(magnitude) : magnitude;
-}
 
 }  // namespace
 
@@ -44,9 +34,10 @@ Alignment align(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_s
 
 void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, const long long& b_shift,
                 ExtendedNumeric& a_wide, ExtendedNumeric& b_wide, unsigned& discarded) {
-    discarded = 0;
-    a_wide = shifted(a, a_shift, discarded);
-    b_wide = shifted(b, b_shift, discarded);
+    Dropped of_a, of_b;
+    a_wide = moved_by(a, a_shift, of_a);
+    b_wide = moved_by(b, b_shift, of_b);
+    discarded = of_a.code | of_a.sticky | of_b.code | of_b.sticky;
 }
 
 NumericStatus postprocess(ExtendedNumeric& x, int adjust, const long long& shift, const unsigned& rounding_mode,

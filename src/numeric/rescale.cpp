@@ -8,26 +8,6 @@
 namespace qv8numeric {
 namespace {
 
-ExtendedNumeric apply_sign(const ExtendedNumeric& magnitude, bool negative) {
-    return negative ? negate(magnitude) : magnitude;
-}
-
-// value * 10^places modulo 2^256: what leaves the top is lost, and only the range check below may notice.
-ExtendedNumeric more_places(const Numeric& value, uint64_t places) {
-    ExtendedNumeric magnitude = extend(magnitude_of(value));
-    unsigned lost = 0;
-    scale_up(magnitude, places, lost);
-    return apply_sign(magnitude, is_negative(value));
-}
-
-// value / 10^places for a value whose last places are zero already.
-ExtendedNumeric fewer_places(const Numeric& value, uint64_t places) {
-    ExtendedNumeric magnitude = extend(magnitude_of(value));
-    Dropped zeros;
-    scale_down(magnitude, places, zeros);
-    return apply_sign(magnitude, is_negative(value));
-}
-
 // All four upper limbs alike. They need not equal the sign, and the values that pass here are part of the interface.
 bool upper_limbs_agree(const ExtendedNumeric& x) { return x.word[2] == x.word[3] && limb(x, 4) == limb(x, 5); }
 
@@ -44,18 +24,16 @@ extern "C" NumericStatus QV8NumericRescale(const NumericInfo* from, const Numeri
     const int64_t places = int64_t{to->scale} - from->scale;
     if (places == 0) return NUMERIC_OK;
 
-    ExtendedNumeric moved;
-    if (places > 0) {
-        moved = more_places(*dst, static_cast<uint64_t>(places));
-    } else {
+    if (places < 0) {
         if (!is_rounding_mode(from->rounding_mode) || !is_rounding_mode(to->rounding_mode)) {
             return NUMERIC_INVALID_ARGUMENT;
         }
         // The status is not looked at: a loss is not reported here, and a rounding that left the range goes on as the
         // coefficient -2^127, which the sign check refuses for a positive value and lets through for a negative one.
         (void)numeric_truncation_inline(*from, to->scale, from->scale, *dst, to->rounding_mode);
-        moved = fewer_places(*dst, static_cast<uint64_t>(-places));
     }
+    Dropped ignored;  // after the rounding only zeros are left to drop, but for the case just named
+    const ExtendedNumeric moved = moved_by(*dst, places, ignored);
     // The sign is that of the bits, so a negative value that rounds to zero is refused too.
     const Numeric result = from_bits(low_half(moved));
     if (is_negative(result) != negative || !upper_limbs_agree(moved)) {

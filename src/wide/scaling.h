@@ -49,6 +49,16 @@ constexpr void scale_by(ExtendedNumeric& x, int64_t places, unsigned& overflow, 
     }
 }
 
+// A signed value moved by a number of places, in two's complement: its magnitude is, and keeps its sign. Bits that
+// leave the top are lost without notice.
+constexpr ExtendedNumeric moved_by(const Numeric& value, int64_t places, Dropped& dropped) {
+    if (places == 0) return sign_extend(value);
+    ExtendedNumeric magnitude = extend(magnitude_of(value));
+    unsigned lost = 0;
+    scale_by(magnitude, places, lost, dropped);
+    return is_negative(value) ? negate(magnitude) : magnitude;
+}
+
 }  // namespace qv8numeric
 
 #endif

@@ -222,6 +222,36 @@ TEST(ScaleBy, UpReportsOnlyOverflowAndDownOnlyWhatWasDropped) {
     EXPECT_TRUE(dropped.anything());
 }
 
+struct MovedRow {
+    const char* name;
+    const char* value;
+    int64_t places;
+    Integer moved;
+    bool drops;
+};
+
+TEST(MovedBy, SignStaysAndTheMagnitudeMoves) {
+    const MovedRow rows[] = {
+        {"nothing to move", "-12345", 0, -12345, false},
+        {"up", "12345", 2, 1234500, false},
+        {"up, negative", "-12345", 2, -1234500, false},
+        {"down towards zero", "12345", -2, 123, true},
+        {"down towards zero, negative", "-12345", -2, -123, true},
+        {"down exactly, negative", "-12300", -2, -123, false},
+        {"down to zero, which has no sign", "-1", -1, 0, true},
+        {"-2^64 down", "-2^64", -19, -1, true},
+        {"the smallest value as far up as 256 bits allow", "-2^127+1", 38, (1 - two_to(127)) * power(10, 38), false},
+        {"out of the top, modulo 2^256", "2^127-1", 39, (two_to(127) - 1) * power(10, 39), false},
+        {"NaN as the -2^127 of its pattern", "NaN", -1, -two_to(127) / 10, true},
+    };
+    for (const MovedRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        Dropped dropped;
+        EXPECT_EQ(moved_by(num(row.value), row.places, dropped), wide(row.moved));
+        EXPECT_EQ(dropped.anything(), row.drops);
+    }
+}
+
 static_assert(passes_for(23).eights == 2 && passes_for(23).rest == 7);
 static_assert(passes_for(UINT64_MAX).eights == 10 && passes_for(UINT64_MAX).rest == 7);
 static_assert([] {
