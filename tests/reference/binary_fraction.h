@@ -14,8 +14,8 @@
 
 namespace reference {
 
-inline constexpr std::uint32_t kPowersOfFive[] = {1,      5,       25,      125,      625,       3125,     15625,
-                                                  78125,  390625,  1953125, 9765625,  48828125,  244140625};
+inline constexpr std::uint32_t kPowersOfFive[] = {1,     5,      25,      125,     625,      3125,     15625,
+                                                  78125, 390625, 1953125, 9765625, 48828125, 244140625};
 inline constexpr std::int64_t kLargestPower = 12;
 
 inline std::uint32_t power_of_five(std::int64_t k) { return kPowersOfFive[static_cast<std::size_t>(k)]; }

@@ -4,8 +4,8 @@
 //     exponent = marker [sign] integer
 //     integer  = short digits [groups]  |  long digits
 //
-// One token is read ahead where the grammar can go on, and none where it cannot. The token read last is where the caller
-// is told that the literal ends, and what the lexer did for it stays done.
+// One token is read ahead where the grammar can go on, and none where it cannot. The token read last is where the
+// caller is told that the literal ends, and what the lexer did for it stays done.
 #include "literal.h"
 
 namespace reference {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The division of 256 bits by a divisor of 128 bits whose top bit is set (Knuth, The Art of Computer Programming, volume
-// 2, section 4.3.1, algorithm D).
+// The division of 256 bits by a divisor of 128 bits whose top bit is set (Knuth, The Art of Computer Programming,
+// volume 2, section 4.3.1, algorithm D).
 #ifndef QV8NUMERIC_TESTS_REFERENCE_LONG_DIVISION_H
 #define QV8NUMERIC_TESTS_REFERENCE_LONG_DIVISION_H
 
@@ -23,8 +23,8 @@ inline void put_span(Limbs& x, std::size_t j, const Limbs& span) {
     std::copy_n(span.begin(), 5, x.begin() + static_cast<std::ptrdiff_t>(j));
 }
 
-// One limb of the quotient; the span keeps the remainder. The estimate from the top limbs is never too small and at most
-// two too large.
+// One limb of the quotient; the span keeps the remainder. The estimate from the top limbs is never too small and at
+// most two too large.
 inline std::uint32_t quotient_limb(Limbs& span, const Limbs& divisor) {
     const std::uint64_t top = std::uint64_t{span[4]} << 32 | span[3];
     std::uint64_t estimate = std::min<std::uint64_t>(top / divisor[3], UINT32_MAX);

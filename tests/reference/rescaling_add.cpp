@@ -49,8 +49,8 @@ Aligned aligned(const Numeric& x, std::int64_t places) {
     return {value, dropped.anything() ? sign : 0};
 }
 
-// Moves a sum by so many places and rounds it. A cut-off part counts as one unit below the guard digits: enough to steer
-// the rounding, and too little to change the sign.
+// Moves a sum by so many places and rounds it. A cut-off part counts as one unit below the guard digits: enough to
+// steer the rounding, and too little to change the sign.
 NumericStatus narrow(Limbs sum, int cut_off, std::int64_t places, std::uint32_t mode, Numeric* out) {
     if (cut_off > 0) add(sum, 1);
     if (cut_off < 0) subtract(sum, from_word(1));

@@ -74,8 +74,8 @@ NumericStatus store_normal(Conversion& c, std::int64_t exponent, bool negative, 
     return c.dropped.anything() ? NUMERIC_INEXACT : NUMERIC_OK;
 }
 
-// A carry into bit 52 is masked away: the largest subnormal rounded up gives zero. An invalid mode is refused only after
-// the number rounded towards zero was written.
+// A carry into bit 52 is masked away: the largest subnormal rounded up gives zero. An invalid mode is refused only
+// after the number rounded towards zero was written.
 NumericStatus store_subnormal(Conversion& c, std::int64_t exponent, bool negative, std::uint32_t mode, double* out) {
     const std::uint64_t truncated = significand(c, bit_length(c.vector) - 53 + 1 - exponent);
     const bool valid = is_valid(mode);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Coefficients to machine integers. Apart from scale 0 only the lowest limb is scaled, digits are cut off in every mode,
-// and every negative value is refused: callers convert magnitudes below 2^32, and what comes out for others is part of
-// the interface all the same.
+// Coefficients to machine integers. Apart from scale 0 only the lowest limb is scaled, digits are cut off in every
+// mode, and every negative value is refused: callers convert magnitudes below 2^32, and what comes out for others is
+// part of the interface all the same.
 #include <cstdint>
 
 #include "limbs.h"

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include <bit>
+#include <cmath>
+
+#include "draw.h"
+#include "operands.h"
+#include "reference/rounding.h"
+#include "reference/scaling.h"
+
+namespace short_roads {
+namespace {
+
+// A magnitude of at most so many bits with a sign, in the low word.
+std::int64_t signed_word(Random& random, const Limbs& magnitude) {
+    return static_cast<std::int64_t>(reference::signed_numeric(magnitude, random.percent(50)).low);
+}
+
+NumericInfo drawn_info(Random& random, int digits) {
+    const std::int64_t distance = random.percent(50) ? digits : scale_distance(random);
+    return {moved(0, random.percent(60) ? -distance : distance), mode(random)};
+}
+
+double from_bits(std::uint64_t bits) { return std::bit_cast<double>(bits); }
+
+std::uint64_t to_bits(double x) { return std::bit_cast<std::uint64_t>(x); }
+
+// A significand of any 53 bits, of few bits or of nearly all.
+std::uint64_t significand(Random& random) {
+    const std::uint64_t any = random.bits() >> 11;
+    switch (random.below(4)) {
+        case 0: return any & ~((std::uint64_t{1} << random.below(53)) - 1);
+        case 1: return any | ((std::uint64_t{1} << random.below(53)) - 1);
+        case 2: return random.below(1000) << random.below(40);
+        default: return any;
+    }
+}
+
+double with_any_sign(Random& random, double magnitude) { return random.percent(50) ? magnitude : -magnitude; }
+
+double any_double(Random& random) {
+    static constexpr std::uint64_t kSpecial[] = {0,
+                                                 1,
+                                                 0xfffffffffffff,
+                                                 0x10000000000000,
+                                                 0x7fefffffffffffff,
+                                                 0x7ff0000000000000,
+                                                 0x7ff0000000000001,
+                                                 0x7ff8000000000000};
+    if (random.percent(5)) return from_bits(random.pick(kSpecial));
+    const std::uint64_t field = random.percent(50) ? random.below(2047) : 1023 - 60 + random.below(200);
+    return from_bits((field << 52) | (significand(random) & 0xfffffffffffff));
+}
+
+// A coefficient or a coefficient and a half as a double at this scale, as near as doubles come.
+double near_coefficient(Random& random, std::int32_t scale) {
+    const Numeric whole = coefficient(random, shaped(random, random.percent(70) ? 60 : 127).magnitude);
+    const double high = std::ldexp(static_cast<double>(whole.high), 64);
+    double value = high + static_cast<double>(whole.low);
+    if (random.percent(50)) value += 0.5;
+    value /= std::pow(10.0, scale);
+    const std::uint64_t bits = to_bits(value);
+    return random.percent(60) || !std::isnormal(value) ? value : from_bits(random.percent(50) ? bits + 1 : bits - 1);
+}
+
+}  // namespace
+
+void draw_from_int64(Random& random, Call& call) {
+    const Shaped operand = shaped(random, 63);
+    call.wide_number = random.percent(3) ? INT64_MIN : signed_word(random, operand.magnitude);
+    call.infos[0] = drawn_info(random, operand.digits);
+}
+
+void draw_from_int32(Random& random, Call& call) {
+    const Shaped operand = shaped(random, 31);
+    call.numbers[0] = random.percent(3) ? INT32_MIN : static_cast<std::int32_t>(signed_word(random, operand.magnitude));
+    call.infos[0] = drawn_info(random, operand.digits);
+}
+
+void draw_to_integer(Random& random, Call& call) {
+    const Shaped operand = shaped(random, random.percent(70) ? random.small(30, 66) : 127);
+    call.operands[0] = random.percent(2) ? reference::kNan : coefficient(random, operand.magnitude);
+    if (call.operands[0].high < 0 && random.percent(50)) call.operands[0] = reference::low_numeric(operand.magnitude);
+    call.infos[0] = drawn_info(random, operand.digits);
+    call.infos[0].scale = random.percent(20) ? 0 : moved(0, -std::int64_t{call.infos[0].scale});
+}
+
+void draw_from_double(Random& random, Call& call) {
+    const std::int32_t near_zero = random.small(-30, 90);
+    call.infos[0] = {random.percent(80) ? near_zero : scale(random), mode(random)};
+    if (random.percent(10)) call.infos[0].scale = random.small(-1400, 1400);
+    const bool aimed = random.percent(50) && std::abs(std::int64_t{call.infos[0].scale}) < 200;
+    call.real = with_any_sign(random, aimed ? near_coefficient(random, call.infos[0].scale) : any_double(random));
+}
+
+// A coefficient whose quotient lies next to a double or halfway between two: significand * 2^e * 10^scale, 54 bits.
+void draw_to_double(Random& random, Call& call) {
+    const std::int32_t near_zero = random.percent(70) ? random.small(0, 90) : random.small(-90, 0);
+    call.infos[0] = {random.percent(80) ? near_zero : scale(random), mode(random)};
+    if (random.percent(10)) call.infos[0].scale = random.small(-400, 500);
+    Limbs x = shaped(random, 127).magnitude;
+    if (call.infos[0].scale > 0 && call.infos[0].scale <= 60 && random.percent(60)) {
+        x = reference::from_word(significand(random) << 1 | random.below(2));
+        reference::scale_up(x, call.infos[0].scale);
+        const int excess = reference::bit_length(x) - random.small(60, 127);
+        if (excess > 0) reference::shift_right(x, excess);
+        if (excess < 0 && random.percent(50)) reference::shift_left(x, -excess);
+        nudge(x, random.between(-1, 1));
+    }
+    call.operands[0] = random.percent(1) ? reference::kNan : coefficient(random, x);
+}
+
+}  // namespace short_roads
