@@ -35,10 +35,11 @@ inline std::uint32_t multiply(Limbs& x, std::uint32_t factor) {
 // x = x / divisor; the remainder is returned.
 inline std::uint32_t divide(Limbs& x, std::uint32_t divisor) {
     std::uint64_t remainder = 0;
-    for (std::size_t i = x.size(); i-- > 0;) {
-        const std::uint64_t dividend = remainder << 32 | x[i];
+    for (std::size_t i = x.size(); i > 0; --i) {
+        std::uint32_t& limb = x[i - 1];
+        const std::uint64_t dividend = remainder << 32 | limb;
         if (dividend == 0) continue;  // most top limbs are zero; a division takes long
-        x[i] = low_limb(dividend / divisor);
+        limb = low_limb(dividend / divisor);
         remainder = dividend % divisor;
     }
     return low_limb(remainder);
@@ -73,8 +74,8 @@ inline void subtract(Limbs& x, Limbs y) {
 
 // -1, 0 or 1: the order of two unsigned numbers.
 inline int compare(const Limbs& x, const Limbs& y) {
-    for (std::size_t i = x.size(); i-- > 0;) {
-        if (x[i] != y[i]) return x[i] < y[i] ? -1 : 1;
+    for (std::size_t i = x.size(); i > 0; --i) {
+        if (x[i - 1] != y[i - 1]) return x[i - 1] < y[i - 1] ? -1 : 1;
     }
     return 0;
 }

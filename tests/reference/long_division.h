@@ -42,7 +42,7 @@ inline std::uint32_t quotient_limb(Limbs& span, const Limbs& divisor) {
 // quotient has four limbs.
 inline Limbs long_division(Limbs& dividend, const Limbs& divisor) {
     Limbs quotient{};
-    for (std::size_t j = 4; j-- > 0;) {
+    for (const std::size_t j : {3, 2, 1, 0}) {
         Limbs span = span_of(dividend, j);
         quotient[j] = quotient_limb(span, divisor);
         put_span(dividend, j, span);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cinttypes>
 #include <cstdio>
 #include <cstring>
 
@@ -25,16 +26,11 @@ constexpr auto kRubbish = [] {
 
 std::size_t index(int& turn) { return static_cast<std::size_t>(turn++); }
 
-std::string printed(const char* format, auto... values) {
-    char text[160];
-    std::snprintf(text, sizeof text, format, values...);
-    return text;
-}
-
 std::string escaped(const std::string& text) {
     std::string result = "\"";
     for (const char c : text) {
-        result += ' ' <= c && c <= '~' ? std::string(1, c) : printed("\\x%02x", static_cast<unsigned>(c & 0xff));
+        const auto byte = static_cast<unsigned char>(c);
+        result += ' ' <= c && c <= '~' ? std::string(1, c) : "\\x" + hexadecimal(byte).substr(14);
     }
     return result + "\"";
 }
@@ -121,7 +117,7 @@ std::size_t Arguments::next() {
 template <>
 std::string ArgumentsInWords::next<const Numeric*>() {
     const std::size_t turn = index(operands_);
-    return printed("object %d: ", call_.operand_at[turn]) + in_words(call_.operands[turn]);
+    return "object " + std::to_string(call_.operand_at[turn]) + ": " + in_words(call_.operands[turn]);
 }
 template <>
 std::string ArgumentsInWords::next<const Numeric&>() {
@@ -129,7 +125,7 @@ std::string ArgumentsInWords::next<const Numeric&>() {
 }
 template <>
 std::string ArgumentsInWords::next<Numeric*>() {
-    const std::string place = printed("result in object %d", call_.result_at);
+    const std::string place = "result in object " + std::to_string(call_.result_at);
     return call_.result_at == call_.operand_at[0] ? place + ", over " + in_words(call_.operands[0]) : place;
 }
 template <>
@@ -137,7 +133,8 @@ std::string ArgumentsInWords::next<const NumericInfo*>() {
     static constexpr const char* kNames[] = {"UP", "DOWN", "CEILING", "FLOOR", "HALF_UP", "HALF_DOWN", "HALF_EVEN"};
     const NumericInfo& info = call_.infos[index(infos_)];
     const std::uint32_t mode = info.rounding_mode;
-    return printed("scale %d, mode %u %s", info.scale, mode, mode <= 6 ? kNames[mode] : "(invalid)");
+    return "scale " + std::to_string(info.scale) + ", mode " + std::to_string(mode) + " " +
+           (mode <= 6 ? kNames[mode] : "(invalid)");
 }
 template <>
 std::string ArgumentsInWords::next<std::int32_t>() {
@@ -149,12 +146,13 @@ std::string ArgumentsInWords::next<std::int64_t>() {
 }
 template <>
 std::string ArgumentsInWords::next<double>() {
-    const auto bits = static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(call_.real));
-    return printed("%.17g = %a = bits %#018llx", call_.real, call_.real, bits);
+    char text[80];
+    std::snprintf(text, sizeof text, "%.17g = %a = bits ", call_.real, call_.real);
+    return text + hexadecimal(std::bit_cast<std::uint64_t>(call_.real));
 }
 template <>
 std::string ArgumentsInWords::next<std::uint32_t&>() {
-    return printed("flag %u", call_.flag);
+    return "flag " + std::to_string(call_.flag);
 }
 template <>
 std::string ArgumentsInWords::next<std::int32_t*>() {
@@ -186,9 +184,15 @@ std::string ArgumentsInWords::next<std::size_t>() {
     return std::to_string(call_.buffer_size) + " bytes";
 }
 
+std::string hexadecimal(std::uint64_t word) {
+    char text[20];
+    std::snprintf(text, sizeof text, "%016" PRIx64, word);
+    return text;
+}
+
 std::string in_words(const Numeric& value) {
-    const std::string halves = printed(" (high %016llx, low %016llx)", static_cast<unsigned long long>(value.high),
-                                       static_cast<unsigned long long>(value.low));
+    const std::string halves =
+        " (high " + hexadecimal(static_cast<std::uint64_t>(value.high)) + ", low " + hexadecimal(value.low) + ")";
     if (reference::is_nan(value)) return "NaN" + halves;
     std::string digits;
     reference::Limbs rest = reference::magnitude(value);

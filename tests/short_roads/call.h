@@ -93,6 +93,8 @@ class ArgumentsInWords {
     int numbers_ = 0;
 };
 
+std::string hexadecimal(std::uint64_t word);
+
 // In decimal and as its two halves.
 std::string in_words(const Numeric& value);
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdio>
 #include <cstring>
 
 namespace short_roads {
@@ -17,23 +16,22 @@ void clear_behind_text(Memory& memory, const Call& call) {
     if (used < size) std::memset(start + used, 0, size - used);
 }
 
-std::string outputs(const Operation& operation, const Call& call, const Memory& memory, std::int32_t status,
-                    const char* text) {
-    std::string words = "status " + status_name(status) + "\n";
-    for (const Slot& slot : memory.objects.numerics) words += "    object  " + in_words(slot.value) + "\n";
-    words += "    int32   " + std::to_string(memory.objects.number) + "\n";
-    words += "    int64   " + std::to_string(memory.objects.wide_number) + "\n";
-    char line[64];
-    std::snprintf(line, sizeof line, "    double  bits %#018llx\n",
-                  static_cast<unsigned long long>(std::bit_cast<std::uint64_t>(memory.objects.real)));
-    words += line;
-    if (operation.reads_text) words += "    end     at " + std::to_string(memory.objects.end - text) + "\n";
-    if (!operation.writes_text) return words;
-    words += "    buffer  ";
+// One line when both left the same, two otherwise.
+std::string outcome(const std::string& name, const std::string& library, const std::string& reference) {
+    if (library == reference) return "    " + name + "   both " + library + "\n";
+    return "    " + name + "   LIBRARY   " + library + "\n    " + name + "   REFERENCE " + reference + "\n";
+}
+
+std::string bits(double x) { return hexadecimal(std::bit_cast<std::uint64_t>(x)); }
+
+std::string printable(const Memory& memory, const Call& call) {
+    std::string text;
     const std::size_t size = call.buffer_size <= kLargestBuffer ? call.buffer_size : 0;
-    for (const char c : std::string(memory.buffer + kGuard, size))
-        words += ' ' <= c && c <= '~' ? c : c == '\0' ? '$' : '?';
-    return words + "   ($ is NUL)\n";
+    for (std::size_t i = 0; i < size; ++i) {
+        const char c = memory.buffer[kGuard + i];
+        text += ' ' <= c && c <= '~' ? c : c == '\0' ? '$' : '?';
+    }
+    return text + "   ($ is NUL)";
 }
 
 }  // namespace
@@ -60,8 +58,22 @@ std::string in_words(const Operation& operation, const Call& call) {
 
 std::string Comparison::report(const Operation& operation, const Call& call) const {
     std::string words = in_words(operation, call);
-    words += "  library: " + outputs(operation, call, library_memory_, library_status_, text_);
-    words += "  reference: " + outputs(operation, call, reference_memory_, reference_status_, text_);
+    const Memory::Objects& library = library_memory_.objects;
+    const Memory::Objects& reference = reference_memory_.objects;
+    words += outcome("status", status_name(library_status_), status_name(reference_status_));
+    for (std::size_t i = 0; i < 3; ++i) {
+        words += outcome("object " + std::to_string(i), in_words(library.numerics[i].value),
+                         in_words(reference.numerics[i].value));
+    }
+    words += outcome("int32 ", std::to_string(library.number), std::to_string(reference.number));
+    words += outcome("int64 ", std::to_string(library.wide_number), std::to_string(reference.wide_number));
+    words += outcome("double", bits(library.real), bits(reference.real));
+    if (operation.reads_text && call.end_wanted) {
+        words += outcome("end at", std::to_string(library.end - text_), std::to_string(reference.end - text_));
+    }
+    if (operation.writes_text) {
+        words += outcome("buffer", printable(library_memory_, call), printable(reference_memory_, call));
+    }
     if (!text_kept_) words += "  the text was changed\n";
     return words;
 }

@@ -53,7 +53,7 @@ double any_double(Random& random) {
 
 // A coefficient or a coefficient and a half as a double at this scale, as near as doubles come.
 double near_coefficient(Random& random, std::int32_t scale) {
-    const Numeric whole = coefficient(random, shaped(random, random.percent(70) ? 60 : 127).magnitude);
+    const Numeric whole = coefficient(random, shaped(random, random.percent(50) ? 66 : 127).magnitude);
     const double high = std::ldexp(static_cast<double>(whole.high), 64);
     double value = high + static_cast<double>(whole.low);
     if (random.percent(50)) value += 0.5;
@@ -62,12 +62,28 @@ double near_coefficient(Random& random, std::int32_t scale) {
     return random.percent(60) || !std::isnormal(value) ? value : from_bits(random.percent(50) ? bits + 1 : bits - 1);
 }
 
+// Exactly so many units and a half at this scale, or another fraction with few bits. Where the scale is negative the
+// fives of the unit are in the double.
+double tied_double(Random& random, std::int32_t scale) {
+    double odd = static_cast<double>(random.bits() >> random.small(12, 63) | 1);
+    for (std::int32_t fives = scale; fives < 0; ++fives) odd *= 5;
+    return std::ldexp(odd, -scale - (random.percent(70) ? 1 : random.small(-1, 3)));
+}
+
 }  // namespace
 
 void draw_from_int64(Random& random, Call& call) {
     const Shaped operand = shaped(random, 63);
     call.wide_number = random.percent(3) ? INT64_MIN : signed_word(random, operand.magnitude);
     call.infos[0] = drawn_info(random, operand.digits);
+    if (random.percent(90)) return;
+    const int places = random.small(20, 38);  // the product is near the end of the range
+    Limbs largest = power_of_two(127);
+    reference::Dropped dropped;
+    reference::scale_down(largest, places, dropped);
+    nudge(largest, random.between(-1, 1));
+    call.wide_number = signed_word(random, largest);
+    call.infos[0].scale = places;
 }
 
 void draw_from_int32(Random& random, Call& call) {
@@ -77,7 +93,8 @@ void draw_from_int32(Random& random, Call& call) {
 }
 
 void draw_to_integer(Random& random, Call& call) {
-    const Shaped operand = shaped(random, random.percent(70) ? random.small(30, 66) : 127);
+    static constexpr int kMostBits[] = {32, 33, 64, 64, 66, 66, 127};
+    const Shaped operand = shaped(random, random.pick(kMostBits));
     call.operands[0] = random.percent(2) ? reference::kNan : coefficient(random, operand.magnitude);
     if (call.operands[0].high < 0 && random.percent(50)) call.operands[0] = reference::low_numeric(operand.magnitude);
     call.infos[0] = drawn_info(random, operand.digits);
@@ -88,8 +105,15 @@ void draw_from_double(Random& random, Call& call) {
     const std::int32_t near_zero = random.small(-30, 90);
     call.infos[0] = {random.percent(80) ? near_zero : scale(random), mode(random)};
     if (random.percent(10)) call.infos[0].scale = random.small(-1400, 1400);
-    const bool aimed = random.percent(50) && std::abs(std::int64_t{call.infos[0].scale}) < 200;
-    call.real = with_any_sign(random, aimed ? near_coefficient(random, call.infos[0].scale) : any_double(random));
+    const std::int32_t places = call.infos[0].scale;
+    const std::uint64_t kind = random.below(100);
+    if (kind < 20 && -22 <= places && places <= 50) {
+        call.real = with_any_sign(random, tied_double(random, places));
+    } else if (kind < 60 && -300 <= places && places <= 300) {
+        call.real = with_any_sign(random, near_coefficient(random, places));
+    } else {
+        call.real = with_any_sign(random, any_double(random));
+    }
 }
 
 // A coefficient whose quotient lies next to a double or halfway between two: significand * 2^e * 10^scale, 54 bits.

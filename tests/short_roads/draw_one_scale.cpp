@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "draw.h"
 #include "operands.h"
+#include "reference/reference.h"
 #include "reference/rounding.h"
 #include "reference/scaling.h"
 
@@ -24,6 +25,45 @@ void draw_near_edge(Random& random, Call& call) {
     call.operands[1] = coefficient(random, edge);
     const bool wrong_sign = reference::is_negative(call.operands[1]) != negative;
     if (wrong_sign && random.percent(50)) call.operands[1] = reference::signed_numeric(edge, negative);
+}
+
+// Multiplication is modulo 2^256, and what is left passes when its upper four limbs are equal to one another: a product
+// just above such a pattern.
+void draw_wrapped_rescale(Random& random, Call& call) {
+    const int places = random.small(1, 38);
+    Limbs pattern = any_bits(random, 32);
+    for (std::size_t i = 4; i < pattern.size(); ++i) pattern[i] = pattern[0];
+    for (std::size_t i = 0; i < 4; ++i) pattern[i] = 0;
+    reference::Dropped dropped;
+    reference::scale_down(pattern, places, dropped);
+    nudge(pattern, random.between(0, 2));
+    call.operands[0] = coefficient(random, pattern);
+    call.infos[1].scale = moved(call.infos[0].scale, places);
+}
+
+// The product is near the end of a word or of the vector.
+void draw_large_rescale(Random& random, Call& call) {
+    const int places = random.small(1, kLargestPower);
+    Limbs x = near_power_of_two(random, 255);
+    reference::Dropped dropped;
+    reference::scale_down(x, places, dropped);
+    nudge(x, random.between(-1, 1));
+    call.operands[0] = coefficient(random, x);
+    call.infos[1].scale = moved(call.infos[0].scale, places);
+}
+
+// Of the few that pass although they are multiplied by more than 10^38.
+void draw_rare_rescale(Random& random, Call& call) {
+    static constexpr struct {
+        const char* coefficient;
+        std::int32_t places;
+    } kRare[] = {{"123897535483928329103220953959296061403", 41},
+                 {"166600883694731896832553913086626783484", 80},
+                 {"107934196843166079644664139084775959480", 88}};
+    const auto rare = random.pick(kRare);
+    const NumericInfo integer{0, NUMERIC_ROUND_DOWN};
+    reference::from_text(rare.coefficient, &integer, &call.operands[0], nullptr);
+    call.infos[1].scale = moved(call.infos[0].scale, rare.places + (random.percent(80) ? 0 : random.between(-1, 1)));
 }
 
 }  // namespace
@@ -92,11 +132,13 @@ void draw_divisor(Random& random, Call& call) {
         0,       1,       -1,    2,          -2,        3,          7,          10,        100,       1000,
         1 << 16, 1 << 24, 65537, 1000000000, (1 << 30), 1073741825, 1073741823, INT32_MAX, INT32_MIN, -INT32_MAX};
     const auto any = static_cast<std::int32_t>(any_bits(random, 31)[0]);
-    const std::int32_t divisor = random.percent(40) ? random.pick(kEdges) : any;
-    call.numbers[0] = random.percent(30) && divisor != INT32_MIN ? -divisor : divisor;
+    const std::int64_t drawn = random.percent(40) ? random.pick(kEdges) : any;
+    const std::int64_t divisor = drawn < 0 ? -drawn : drawn;
+    const bool negative = divisor > INT32_MAX || random.percent(30);
+    call.numbers[0] = static_cast<std::int32_t>(negative ? -divisor : divisor);
     call.infos[0] = info(random, scale(random));
     Limbs x = shaped(random, 127).magnitude;
-    if (random.percent(60) && divisor > 0) {  // a remainder near 0, half the divisor or all of it
+    if (random.percent(60) && divisor != 0) {  // a remainder near 0, half the divisor or all of it
         const std::int64_t remainders[] = {0, 1, divisor / 2 - 1, divisor / 2, divisor / 2 + 1, divisor - 1};
         x = quotient(x, reference::from_word(static_cast<std::uint64_t>(divisor)));
         reference::multiply(x, static_cast<std::uint32_t>(divisor));
@@ -111,18 +153,20 @@ void draw_rescale(Random& random, Call& call) {
     const ShapedNumeric operand = shaped_coefficient(random);
     call.operands[0] = operand.value;
     call.infos[0] = info(random, scale(random));
-    std::int64_t distance = scale_distance(random);
-    if (random.percent(60)) {
-        distance = -(random.percent(50) ? operand.digits : distance);
-    } else if (random.percent(50) && distance <= kLargestPower && distance > 0) {
-        // The product is near the end of a word or of the range, or wraps around the 256 bits.
-        Limbs x = near_power_of_two(random, 255);
-        reference::Dropped dropped;
-        reference::scale_down(x, distance, dropped);
-        nudge(x, random.between(-1, 1));
-        call.operands[0] = coefficient(random, x);
+    const std::uint64_t kind = random.below(100);
+    if (kind < 40) {
+        call.infos[1].scale = moved(call.infos[0].scale, -operand.digits);
+    } else if (kind < 85) {
+        const std::int64_t distance = scale_distance(random);
+        call.infos[1].scale = moved(call.infos[0].scale, random.percent(50) ? -distance : distance);
+    } else if (kind < 92) {
+        draw_large_rescale(random, call);
+    } else if (kind < 98) {
+        draw_wrapped_rescale(random, call);
+    } else {
+        draw_rare_rescale(random, call);
     }
-    call.infos[1] = info(random, moved(call.infos[0].scale, distance));
+    call.infos[1].rounding_mode = mode(random);
     call.result_at = random.percent(50) ? 2 : 0;
 }
 

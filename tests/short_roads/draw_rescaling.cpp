@@ -34,7 +34,23 @@ struct Target {
     int digits;
 };
 
+// Once its digits are dropped, the sum is rounded up to the end of a word or of the range, or just not.
+Target draw_word_end(Random& random, int most_bits) {
+    static constexpr int kEnds[] = {63, 64, 126, 127, 127};
+    const int end = random.pick(kEnds);
+    const int digits = random.small(0, std::max(0, (most_bits - end) * 1233 / 4096));
+    Limbs sum = power_of_two(std::min(end, most_bits - 1));
+    nudge(sum, random.between(-1, 0));
+    reference::scale_up(sum, digits);
+    Limbs half = power_of_ten(digits);
+    reference::shift_right(half, 1);
+    if (random.percent(80)) reference::add(sum, half);
+    nudge(sum, random.between(-1, 1));
+    return {sum, digits};
+}
+
 Target draw_target(Random& random, int most_bits) {
+    if (random.percent(20)) return draw_word_end(random, most_bits);
     if (random.percent(50)) return {near_power_of_two(random, most_bits), random.small(0, kLargestPower)};
     const Shaped tie = near_tie(random, most_bits);
     return {tie.magnitude, tie.digits};
@@ -63,9 +79,16 @@ void draw_exact_sum(Random& random, Call& call) {
     if (random.percent(50)) swap_operands(call);
 }
 
+Limbs near_word(Random& random) {
+    Limbs x = power_of_two(random.small(63, 64));
+    nudge(x, random.between(-1, 1));
+    return x;
+}
+
 // So far apart that one operand only steers the rounding of the other, around the widths of the guard digits.
 void draw_distant_sum(Random& random, Call& call) {
-    const ShapedNumeric near = shaped_coefficient(random);
+    ShapedNumeric near = shaped_coefficient(random);
+    if (random.percent(20)) near.value = coefficient(random, near_word(random));
     call.operands[0] = near.value;
     const Shaped far = shaped(random, random.percent(50) ? 127 : 10);
     call.operands[1] = coefficient(random, far.magnitude);
@@ -101,7 +124,7 @@ void draw_tied_product(Random& random, Call& call) {
 
 // A product near the end of a word, of the range or of a limb, or near a tie.
 void draw_near_product(Random& random, Call& call) {
-    const Limbs a = any_bits(random, 127);
+    const Limbs a = random.percent(70) ? any_bits(random, 127) : near_power_of_two(random, 127);
     if (reference::is_zero(a)) return draw_any_operands(random, call);
     const Target target = draw_target(random, 126 + bit_length(a));
     Limbs b = quotient(target.sum, a);
@@ -224,8 +247,9 @@ void draw_rescaling_order(Random& random, Call& call) {
     const bool negative = reference::is_negative(call.operands[0]);
     call.operands[0] = reference::signed_numeric(x, negative);
     reference::scale_up(x, d);
-    nudge(x, random.between(-1, 1));
+    if (random.percent(50)) nudge(x, random.between(-1, 1));
     call.operands[1] = reference::signed_numeric(x, negative);
+    if (random.percent(50)) swap_operands(call);
 }
 
 void draw_rescaling_product(Random& random, Call& call) {

@@ -48,6 +48,28 @@ Limbs limb_patterns(Random& random) {
 // The largest k with 10^k below 2^most_bits.
 int digits_within(int most_bits) { return std::min(most_bits * 1233 / 4096, kLargestPower); }
 
+// What is left of a number below 2^most_bits once k digits were dropped: any number, one near the end of a word, one
+// that gains a digit when it is increased, a small one, or the largest there is.
+Limbs multiple(Random& random, int k, int most_bits) {
+    const int room = std::max(most_bits - bit_length(power_of_ten(k)), 0);
+    Limbs x = any_bits(random, room);
+    switch (random.below(8)) {
+        case 0: x = power_of_two(most_bits); break;
+        case 1: x = near_power_of_two(random, room); break;
+        case 2: x = power_of_ten(random.small(0, digits_within(room))); break;
+        case 3: x = reference::from_word(random.below(10)); break;
+        default: return x;
+    }
+    if (bit_length(x) > room) {
+        x = power_of_two(most_bits);
+        nudge(x, -1);
+        reference::Dropped dropped;
+        reference::scale_down(x, k, dropped);
+    }
+    if (random.percent(50)) nudge(x, -1);
+    return x;
+}
+
 }  // namespace
 
 const Limbs& power_of_ten(int k) { return kPowersOfTen[static_cast<std::size_t>(k)]; }
@@ -77,18 +99,10 @@ void nudge(Limbs& x, std::int64_t delta) {
 
 Shaped near_tie(Random& random, int most_bits) {
     const int k = random.small(0, digits_within(most_bits));
+    Limbs x = multiple(random, k, most_bits);
+    reference::scale_up(x, k);
     Limbs half = power_of_ten(k);
     reference::shift_right(half, 1);
-    const int room = most_bits - bit_length(power_of_ten(k));
-    Limbs x = any_bits(random, std::max(room, 0));
-    if (random.percent(20)) {  // the largest multiple there is
-        Limbs largest = power_of_two(most_bits);
-        nudge(largest, -1);
-        reference::Dropped dropped;
-        reference::scale_down(largest, k, dropped);
-        x = largest;
-    }
-    reference::scale_up(x, k);
     if (random.percent(60)) reference::add(x, half);
     nudge(x, random.between(-1, 1));
     return {limited(x, most_bits), k};
