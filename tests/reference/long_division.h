@@ -42,7 +42,8 @@ inline std::uint32_t quotient_limb(Limbs& span, const Limbs& divisor) {
 // quotient has four limbs.
 inline Limbs long_division(Limbs& dividend, const Limbs& divisor) {
     Limbs quotient{};
-    for (const std::size_t j : {3, 2, 1, 0}) {
+    for (std::size_t limbs_left = 4; limbs_left > 0; --limbs_left) {
+        const std::size_t j = limbs_left - 1;
         Limbs span = span_of(dividend, j);
         quotient[j] = quotient_limb(span, divisor);
         put_span(dividend, j, span);

@@ -105,6 +105,7 @@ void draw_from_double(Random& random, Call& call) {
     const std::int32_t near_zero = random.small(-30, 90);
     call.infos[0] = {random.percent(80) ? near_zero : scale(random), mode(random)};
     if (random.percent(10)) call.infos[0].scale = random.small(-1400, 1400);
+    if (random.percent(10)) call.infos[0].scale = random.small(-300, -40);
     const std::int32_t places = call.infos[0].scale;
     const std::uint64_t kind = random.below(100);
     if (kind < 20 && -22 <= places && places <= 50) {

@@ -28,11 +28,13 @@ void draw_near_edge(Random& random, Call& call) {
 }
 
 // Multiplication is modulo 2^256, and what is left passes when its upper four limbs are equal to one another: a product
-// just above such a pattern.
+// just above such a pattern, or above one where only every other limb is the same.
 void draw_wrapped_rescale(Random& random, Call& call) {
     const int places = random.small(1, 38);
     Limbs pattern = any_bits(random, 32);
-    for (std::size_t i = 4; i < pattern.size(); ++i) pattern[i] = pattern[0];
+    pattern[5] = random.percent(80) ? pattern[0] : any_bits(random, 32)[0];
+    pattern[4] = pattern[6] = pattern[0];
+    pattern[7] = pattern[5];
     for (std::size_t i = 0; i < 4; ++i) pattern[i] = 0;
     reference::Dropped dropped;
     reference::scale_down(pattern, places, dropped);

@@ -64,7 +64,7 @@ std::string soup(Random& random) {
 
 struct Literal {
     std::string text;
-    int places;  // behind the point
+    int places;  // a scale at which digits are about to be dropped
 };
 
 // sign digits point digits exponent, where each may be missing.
@@ -87,16 +87,35 @@ Literal draw_coefficient(Random& random, bool with_groups) {
     return {text, info.scale};
 }
 
+// The digits that are kept, and behind them a tie or an exact value, or what differs from that in a single digit;
+// around the numbers of digits that are held.
+Literal draw_tied_literal(Random& random, bool with_groups) {
+    const std::string kept = random.percent(20) ? "" : digits(random, random.small(1, 39));
+    const std::size_t count = static_cast<std::size_t>(random.percent(50) ? random.small(36, 48) : random.small(1, 60));
+    std::string dropped(count > kept.size() ? count - kept.size() : 1, '0');
+    dropped[0] = "0455"[random.below(4)];
+    if (dropped[0] == '4') std::fill(dropped.begin() + 1, dropped.end(), '9');
+    if (random.percent(70)) dropped[random.below(dropped.size())] = "123456789"[random.below(9)];
+    std::string text = kept + dropped;
+    const std::size_t whole = random.below(text.size() + 1);
+    const std::string sign = random.percent(50) ? "" : "-";
+    const std::string integer = text.substr(0, whole);
+    text = sign + (with_groups ? grouped(integer) : integer) + "." + text.substr(whole);
+    return {text, static_cast<int>(kept.size()) - static_cast<int>(whole)};
+}
+
 void draw_literal_call(Random& random, Call& call, bool with_groups) {
     const std::uint64_t kind = random.below(100);
     Literal literal{"", 0};
-    if (kind < 40) literal = draw_coefficient(random, with_groups);
-    if (40 <= kind && kind < 92) literal = draw_literal(random, with_groups);
+    if (kind < 35) literal = draw_coefficient(random, with_groups);
+    if (35 <= kind && kind < 55) literal = draw_tied_literal(random, with_groups);
+    if (55 <= kind && kind < 92) literal = draw_literal(random, with_groups);
     if (92 <= kind && kind < 99) literal.text = soup(random);
     call.text = literal.text;
     if (random.percent(20)) call.text += rest(random);
     if (random.percent(5) && !call.text.empty()) call.text[random.below(call.text.size())] = rest(random)[0];
-    const std::int64_t dropped = random.percent(60) ? random.between(-3, 8) : scale_distance(random);
+    std::int64_t dropped = random.percent(60) ? random.between(-3, 8) : scale_distance(random);
+    if (random.percent(40)) dropped = 0;
     call.infos[0] = {random.percent(90) ? moved(literal.places, -dropped) : scale(random), mode(random)};
     call.end_wanted = random.percent(90);
 }
