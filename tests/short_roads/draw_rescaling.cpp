@@ -58,7 +58,7 @@ Target draw_target(Random& random, int most_bits) {
 
 // a * 10^d + b is the target, 0 <= d <= 38: the result's scale drops the target's digits.
 void draw_exact_sum(Random& random, Call& call) {
-    const int d = random.small(0, 38);
+    const int d = random.percent(25) ? 0 : random.small(0, 38);
     const Target target = draw_target(random, std::min(126 + bit_length(power_of_ten(d)), 254));
     Limbs a = target.sum;
     reference::Dropped dropped;
@@ -220,9 +220,13 @@ void draw_cut_quotient(Random& random, Call& call) {
 void draw_rescaling_sum(Random& random, Call& call) {
     for (NumericInfo& info : call.infos) info.scale = scale(random);
     const std::uint64_t kind = random.below(100);
-    if (kind < 50) {
+    if (kind < 10) {
+        draw_sum(random, call);
+        call.infos[1].scale = call.infos[0].scale;
+        call.infos[2].scale = moved(call.infos[0].scale, random.percent(60) ? 0 : random.between(-3, 3));
+    } else if (kind < 55) {
         draw_exact_sum(random, call);
-    } else if (kind < 70) {
+    } else if (kind < 72) {
         draw_distant_sum(random, call);
     } else {
         draw_any_operands(random, call);
@@ -233,6 +237,7 @@ void draw_rescaling_sum(Random& random, Call& call) {
     }
     if (random.percent(30)) call.operands[1] = negated(call.operands[1]);
     draw_modes(random, call);
+    call.operand_at[1] = 1;
     draw_aliases(random, call);
 }
 

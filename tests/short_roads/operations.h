@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Every exported operation with its reference and with how its calls are drawn.
+// Every exported operation with its reference and with how its calls are drawn. The debugging printers and the parser's
+// entry points have nothing to be short about.
 #ifndef QV8NUMERIC_TESTS_SHORT_ROADS_OPERATIONS_H
 #define QV8NUMERIC_TESTS_SHORT_ROADS_OPERATIONS_H
 

@@ -42,9 +42,11 @@ void visit_calls(const Plan& plan, const Visitor& visit) {
     std::uint64_t number = 0;
     bool going_on = true;
     if (plan.walking) {
-        walk([&](const Operation& operation, const Call& call) {
-            going_on = going_on && visit(operation, call, place_in_walk, number++);
-        });
+        for (const auto walk : {walk_ties, walk_texts, walk_doubles}) {
+            walk([&](const Operation& operation, const Call& call) {
+                going_on = going_on && visit(operation, call, place_in_walk, number++);
+            });
+        }
     }
     for (number = plan.first_case; going_on && number < plan.first_case + plan.cases; ++number) {
         Random random(plan.seed, number);

@@ -174,7 +174,7 @@ void walk_around(Walker& walker, const Limbs& x) {
 
 }  // namespace
 
-void walk(const Visit& visit) {
+void walk_ties(const Visit& visit) {
     for (int k = 1; k <= kLargestPower; ++k) {
         const Limbs unit = power_of_ten(k);
         for (const Limbs& multiple : multiples(unit)) {
