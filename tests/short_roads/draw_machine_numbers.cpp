@@ -124,7 +124,9 @@ void draw_to_double(Random& random, Call& call) {
     if (random.percent(10)) call.infos[0].scale = random.small(-400, 500);
     Limbs x = shaped(random, 127).magnitude;
     if (call.infos[0].scale > 0 && call.infos[0].scale <= 60 && random.percent(60)) {
-        x = reference::from_word(significand(random) << 1 | random.below(2));
+        x = reference::from_word(significand(random));
+        reference::shift_left(x, 1);
+        if (random.percent(50)) nudge(x, 1);
         reference::scale_up(x, call.infos[0].scale);
         const int excess = reference::bit_length(x) - random.small(60, 127);
         if (excess > 0) reference::shift_right(x, excess);

@@ -22,9 +22,9 @@ void draw_near_edge(Random& random, Call& call) {
     const bool negative = reference::is_negative(edge);
     if (negative) reference::negate(edge);
     call.operands[0] = first;
-    call.operands[1] = coefficient(random, edge);
-    const bool wrong_sign = reference::is_negative(call.operands[1]) != negative;
-    if (wrong_sign && random.percent(50)) call.operands[1] = reference::signed_numeric(edge, negative);
+    call.operands[1] =
+        reference::in_range(edge) ? reference::signed_numeric(edge, negative) : coefficient(random, edge);
+    if (random.percent(50)) call.operands[1] = negated(call.operands[1]);
 }
 
 // Multiplication is modulo 2^256, and what is left passes when its upper four limbs are equal to one another: a product

@@ -26,8 +26,6 @@ void swap_operands(Call& call) {
     std::swap(call.infos[0], call.infos[1]);
 }
 
-Numeric negated(const Numeric& x) { return reference::signed_numeric(reference::pattern(x), true); }
-
 // A sum at the finer of two scales that is near the end of a word, of the range or of the vector, or near a tie.
 struct Target {
     Limbs sum;
@@ -135,7 +133,7 @@ void draw_near_product(Random& random, Call& call) {
     if (random.percent(50)) swap_operands(call);
 }
 
-// A divisor around one and two words, or with a top limb that makes an estimate of the quotient hard.
+// A divisor around the end of a word, or with a top limb that makes an estimate of the quotient hard.
 Limbs draw_divisor_magnitude(Random& random) {
     static constexpr std::uint32_t kTops[] = {0x80000000, 0x80000001, UINT32_MAX, UINT32_MAX - 1, 0xaaaaaaaa};
     if (random.percent(25)) {
@@ -233,7 +231,8 @@ void draw_rescaling_sum(Random& random, Call& call) {
         call.infos[1].scale = moved(call.infos[0].scale, random.percent(50) ? 0 : scale_distance(random));
         if (random.percent(50)) swap_operands(call);
         const std::int64_t places = scale_distance(random);
-        call.infos[2].scale = moved(call.infos[random.below(2)].scale, random.percent(60) ? -places : places);
+        const std::int32_t from = call.infos[random.below(2)].scale;
+        call.infos[2].scale = moved(from, random.percent(60) ? -places : places);
     }
     if (random.percent(30)) call.operands[1] = negated(call.operands[1]);
     draw_modes(random, call);

@@ -9,7 +9,7 @@
 namespace short_roads {
 namespace {
 
-// Around the sizes at which digits change from one word, from one step or to none held, and any other.
+// Often where a word, a step of the lexer or the digits that it holds come to an end.
 int digit_count(Random& random, int most) {
     static constexpr int kEdges[] = {1,  2,  3,  4,  7,  8,  9,  15, 16, 17, 18, 19,
                                      20, 36, 37, 38, 39, 40, 41, 42, 43, 44, 45};
@@ -25,8 +25,9 @@ std::string digits(Random& random, int count) {
     return text;
 }
 
-std::string zeros(Random& random) {
-    return std::string(random.percent(70) ? 0 : static_cast<std::size_t>(digit_count(random, 50)), '0');
+std::string zeros_and_digits(Random& random) {
+    const std::string zeros(random.percent(70) ? 0 : static_cast<std::size_t>(digit_count(random, 50)), '0');
+    return zeros + digits(random, digit_count(random, 60));
 }
 
 std::string grouped(const std::string& plain) {
@@ -44,8 +45,9 @@ std::string exponent(Random& random) {
     static constexpr const char* kFar[] = {"2147483647",  "2147483648", "2147483649", "4294967296",
                                            "99999999999", "1000",       "0000",       "00000005",
                                            "1,000",       "5E",         "05E3",       ""};
-    const std::string value = random.percent(70) ? std::to_string(random.below(50)) : random.pick(kFar);
-    return std::string(random.pick(kMarkers)) + random.pick(kSigns) + value;
+    const std::string marker = random.pick(kMarkers);
+    const std::string sign = random.pick(kSigns);
+    return marker + sign + (random.percent(70) ? std::to_string(random.below(50)) : random.pick(kFar));
 }
 
 // What may follow a literal, or break it.
@@ -70,9 +72,10 @@ struct Literal {
 // sign digits point digits exponent, where each may be missing.
 Literal draw_literal(Random& random, bool with_groups) {
     static constexpr const char* kSigns[] = {"", "", "", "-", "-", "+"};
-    const std::string whole = zeros(random) + digits(random, digit_count(random, 60));
-    const std::string fraction = random.percent(40) ? "" : zeros(random) + digits(random, digit_count(random, 60));
-    std::string text = random.pick(kSigns) + (with_groups && random.percent(60) ? grouped(whole) : whole);
+    const std::string whole = zeros_and_digits(random);
+    const std::string fraction = random.percent(40) ? "" : zeros_and_digits(random);
+    std::string text = random.pick(kSigns);
+    text += with_groups && random.percent(60) ? grouped(whole) : whole;
     if (!fraction.empty() || random.percent(10)) text += "." + fraction;
     if (random.percent(20)) text += exponent(random);
     return {text, static_cast<int>(fraction.size())};
@@ -120,7 +123,7 @@ void draw_literal_call(Random& random, Call& call, bool with_groups) {
     call.end_wanted = random.percent(90);
 }
 
-// As large as the text, or one byte around that; or anything.
+// One too small for the text, just large enough or a little larger; or any size.
 std::size_t draw_buffer_size(Random& random, const Call& call) {
     if (random.percent(2)) return SIZE_MAX - random.below(2);
     if (random.percent(40)) return random.below(random.percent(90) ? 64 : kLargestBuffer + 1);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Holds every function of the library against the plain steps: a walk around all ties, then random cases aimed at the
-// edges of short roads. The exit status is 0 when no call differed.
+// Holds every function of the library against the plain steps: first the walks, then random cases aimed at the edges of
+// short roads. The exit status is 0 when no call differed.
 #include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,7 +18,7 @@ using namespace short_roads;
 [[noreturn]] void usage() {
     std::fputs(
         "usage: qv8numeric_short_roads [--cases N] [--seed S] [--case NUMBER]\n"
-        "  --cases N      draw so many cases after the walk (default 1000000)\n"
+        "  --cases N      draw so many cases after the walks (default 1000000)\n"
         "  --seed S       from this seed\n"
         "  --case NUMBER  repeat one drawn case alone and show it\n",
         stderr);
@@ -68,7 +68,7 @@ bool run_apart(const Plan& plan, Progress& progress) {
     if (child == 0) {
         run(plan, progress);
         std::fflush(stdout);
-        _exit(0);
+        std::exit(0);
     }
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child) {

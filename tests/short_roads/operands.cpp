@@ -143,6 +143,8 @@ Shaped shaped(Random& random, int most_bits) {
     }
 }
 
+Numeric negated(const Numeric& x) { return reference::signed_numeric(reference::pattern(x), true); }
+
 Numeric coefficient(Random& random, const Limbs& magnitude) {
     Limbs x = magnitude;
     if (!reference::in_range(x)) {

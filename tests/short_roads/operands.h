@@ -38,6 +38,8 @@ Shaped shaped(Random& random, int most_bits);
 // x + delta, but never below 0.
 void nudge(Limbs& x, std::int64_t delta);
 
+Numeric negated(const Numeric& x);
+
 // With any sign; what is out of range becomes the largest coefficient.
 Numeric coefficient(Random& random, const Limbs& magnitude);
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Random numbers that follow from a seed and a number alone, so that any case can be drawn again by itself.
+// Random numbers that follow from a seed and a number alone, so that any case can be drawn again by itself. No two are
+// drawn in one expression that leaves their order to the compiler.
 #ifndef QV8NUMERIC_TESTS_SHORT_ROADS_RANDOM_H
 #define QV8NUMERIC_TESTS_SHORT_ROADS_RANDOM_H
 

@@ -15,22 +15,21 @@ namespace {
 
 using reference::bit_length;
 
-// Where a multiple stands among the words: around their ends, as large as fits, odd and even.
-std::vector<Limbs> multiples(const Limbs& unit) {
+// Multiples of 10^k: small ones, and those that come to the end of a word as a quotient or as a product.
+std::vector<Limbs> multiples(int k) {
     static constexpr int kEnds[] = {31, 32, 62, 63, 64, 95, 96, 126, 127, 128, 191, 192};
     std::vector<Limbs> list;
     for (std::uint64_t m = 0; m < 4; ++m) list.push_back(reference::from_word(m));
     for (const int end : kEnds) {
-        if (bit_length(unit) + 8 > end || bit_length(unit) > 128) continue;
-        for (const int delta : {-1, 0, 1}) {  // the multiple ends near the end of the word
-            Limbs m = quotient(power_of_two(end), unit);
-            nudge(m, delta);
-            list.push_back(m);
-        }
-        for (const int delta : {-1, 0, 1}) {  // the quotient does
-            Limbs m = power_of_two(end);
-            nudge(m, delta);
-            list.push_back(m);
+        const Limbs quotient_at_end = power_of_two(end);
+        Limbs product_at_end = quotient_at_end;
+        reference::Dropped dropped;
+        reference::scale_down(product_at_end, k, dropped);
+        for (const Limbs& at_end : {quotient_at_end, product_at_end}) {
+            for (const int delta : {-1, 0, 1}) {
+                list.push_back(at_end);
+                nudge(list.back(), delta);
+            }
         }
     }
     return list;
@@ -177,7 +176,7 @@ void walk_around(Walker& walker, const Limbs& x) {
 void walk_ties(const Visit& visit) {
     for (int k = 1; k <= kLargestPower; ++k) {
         const Limbs unit = power_of_ten(k);
-        for (const Limbs& multiple : multiples(unit)) {
+        for (const Limbs& multiple : multiples(k)) {
             if (bit_length(multiple) + bit_length(unit) > 254) continue;
             for (const Limbs& remainder : remainders(unit)) {
                 Limbs x = reference::product(multiple, unit);
