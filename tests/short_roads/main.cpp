@@ -17,9 +17,10 @@ using namespace short_roads;
 
 [[noreturn]] void usage() {
     std::fputs(
-        "usage: qv8numeric_short_roads [--cases N] [--seed S] [--case NUMBER]\n"
+        "usage: qv8numeric_short_roads [--cases N] [--seed S] [--every N] [--case NUMBER]\n"
         "  --cases N      draw so many cases after the walks (default 1000000)\n"
         "  --seed S       from this seed\n"
+        "  --every N      make only every Nth call of the walks, none for 0 (default 1)\n"
         "  --case NUMBER  repeat one drawn case alone and show it\n",
         stderr);
     std::exit(2);
@@ -40,10 +41,12 @@ Plan plan_from(char** words) {
             plan.cases = value;
         } else if (std::strcmp(*words, "--seed") == 0) {
             plan.seed = value;
+        } else if (std::strcmp(*words, "--every") == 0) {
+            plan.walk_every = value;
         } else if (std::strcmp(*words, "--case") == 0) {
             plan.first_case = value;
             plan.cases = 1;
-            plan.walking = false;
+            plan.walk_every = 0;
             plan.showing = true;
         } else {
             usage();

@@ -41,10 +41,11 @@ using Visitor = std::function<bool(const Operation& operation, const Call& call,
 void visit_calls(const Plan& plan, const Visitor& visit) {
     std::uint64_t number = 0;
     bool going_on = true;
-    if (plan.walking) {
+    if (plan.walk_every != 0) {
         for (const auto walk : {walk_ties, walk_texts, walk_doubles}) {
             walk([&](const Operation& operation, const Call& call) {
-                going_on = going_on && visit(operation, call, place_in_walk, number++);
+                if (number++ % plan.walk_every != 0) return;
+                going_on = going_on && visit(operation, call, place_in_walk, number - 1);
             });
         }
     }

@@ -17,8 +17,8 @@ struct Plan {
     std::uint64_t seed = 20260101;
     std::uint64_t first_case = 0;
     std::uint64_t cases = 1000000;
-    bool walking = true;
-    bool showing = false;  // every call, not only those that differ
+    std::uint64_t walk_every = 1;  // of the walks only every such call; 0: none
+    bool showing = false;          // every call, not only those that differ
 };
 
 struct Progress {
