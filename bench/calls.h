@@ -19,6 +19,7 @@
 
 #include "answers.h"
 #include "kernels.h"
+#include "order.h"
 #include "trial.h"
 #include "workload.h"
 
@@ -245,12 +246,13 @@ class TrialOf : public Trial {
     }
 
     void independent_calls(std::size_t count) override {
-        for (std::size_t i = 0; i < count; ++i) (void)call_.run(i);
+        for (; count > 0; --count) (void)call_.run(order_.next());
     }
 
     void dependent_calls(std::size_t count) override {
         std::uint64_t zero = 0;
-        for (std::size_t i = 0; i < count; ++i) {
+        for (; count > 0; --count) {
+            const std::size_t i = order_.next();
             call_.entangle(i, zero);
             (void)call_.run(i);
             zero = call_.word() & no_bits_;
@@ -259,6 +261,7 @@ class TrialOf : public Trial {
 
   private:
     Call call_;
+    Order order_;
     volatile std::uint64_t no_bits_ = 0;  // which the compiler cannot know
 };
 

@@ -146,6 +146,7 @@ std::optional<Row> run(const Options& options, const std::string& group, const W
 }
 
 int bench(const Options& options) {
+    set_order(options.repeated ? Repetition::kRepeated : Repetition::kDrawn);
     start_benchmark_library(options);
     const auto all = contenders(options);
     std::vector<Row> rows;

@@ -18,6 +18,7 @@ constexpr const char* kUsage = R"(usage: qv8numeric_bench --library=NAME=PATH...
   --repetitions=N       of each measurement (default: 7)
   --min-time=SECONDS    of each repetition (default: 0.01)
   --no-peers            only the builds of the library
+  --repeated            the calls of a row again and again in one order, which branch predictors learn
   --check               check every answer and run every loop once, without timing
   --count               run each row once with instrumentation for callgrind
   FILTER                only rows whose title contains one of these
@@ -50,6 +51,7 @@ Options parse_options(int argc, char** argv) {
         {"--json", [&](const std::string& value) { options.json = value; }},
         {"--repetitions", [&](const std::string& value) { options.repetitions = value; }},
         {"--min-time", [&](const std::string& value) { options.min_time = value; }},
+        {"--repeated", [&](const std::string&) { options.repeated = true; }},
         {"--no-peers", [&](const std::string&) { options.with_peers = false; }},
         {"--check", [&](const std::string&) { options.task = Options::Task::kCheck; }},
         {"--count", [&](const std::string&) { options.task = Options::Task::kCount; }},

@@ -16,6 +16,7 @@ struct Options {
     std::string json;                  // where the results go
     std::string repetitions = "7";
     std::string min_time = "0.01";  // seconds of each repetition
+    bool repeated = false;          // the calls of a row in one order
     bool with_peers = true;
     enum class Task { kMeasure, kCheck, kCount } task = Task::kMeasure;
 };
