@@ -65,8 +65,12 @@ struct RescalingCall : ValueResult<Traits> {
     std::vector<Value> a, b;
 
     RescalingCall(typename Kernels<Value>::Rescaling* function, const Workload& w, const Inputs& in)
-        : kernel(function), a_info(w.a), b_info(w.b), result_info(w.result),
-          a(values_of<Traits>(in.a, w.a.scale)), b(values_of<Traits>(in.b, w.b.scale)) {
+        : kernel(function),
+          a_info(w.a),
+          b_info(w.b),
+          result_info(w.result),
+          a(values_of<Traits>(in.a, w.a.scale)),
+          b(values_of<Traits>(in.b, w.b.scale)) {
         this->result_scale = w.result.scale;
     }
     void entangle(std::size_t i, std::uint64_t zero) { Traits::entangle(a[i], zero); }
@@ -83,8 +87,11 @@ struct CompareCall {
     std::int32_t order = 0;
 
     CompareCall(Kernel function, const Workload& w, const Inputs& in)
-        : kernel(function), a_info(w.a), b_info(w.b),
-          a(values_of<Traits>(in.a, w.a.scale)), b(values_of<Traits>(in.b, w.b.scale)) {}
+        : kernel(function),
+          a_info(w.a),
+          b_info(w.b),
+          a(values_of<Traits>(in.a, w.a.scale)),
+          b(values_of<Traits>(in.b, w.b.scale)) {}
     void entangle(std::size_t i, std::uint64_t zero) { Traits::entangle(a[i], zero); }
     NumericStatus run(std::size_t i) {
         if constexpr (std::is_invocable_v<Kernel, const Value*, const Value*>) {

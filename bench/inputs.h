@@ -18,8 +18,8 @@ class Draw {
     explicit Draw(std::uint64_t seed) : state_(seed) {}
 
     std::uint64_t word();
-    std::uint64_t below(std::uint64_t bound);             // 0 < bound; the bias of at most bound / 2^64 is no matter here
-    int between(int low, int high);                       // both included
+    std::uint64_t below(std::uint64_t bound);  // 0 < bound; the bias of at most bound / 2^64 is no matter here
+    int between(int low, int high);            // both included
     bool coin() { return (word() & 1) != 0; }
 
   private:

@@ -13,8 +13,8 @@ namespace qv8numeric_bench {
 
 struct Times {
     std::string contender;
-    std::string lacking;              // empty for the whole job
-    std::vector<double> throughput;   // nanoseconds for each call, by repetition
+    std::string lacking;             // empty for the whole job
+    std::vector<double> throughput;  // nanoseconds for each call, by repetition
     std::vector<double> latency;
 };
 

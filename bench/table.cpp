@@ -52,7 +52,8 @@ void add_changes_of_scale(Table& table) {
     Workload up{.name = "rescale up 4 digits", .operation = op, .a = at(2), .result = at(6)};
     table.add_class(up, "small", 1.2, one_value(kSmall));
     table.add_class(up, "wide", 1.3, one_value(signed_bits(90, 113)));
-    table.add("round scale 6 to 2 places", {2.2, 1.3}, {.operation = Operation::kRound, .a = at(6), .places = 2}, false);
+    table.add("round scale 6 to 2 places", {2.2, 1.3}, {.operation = Operation::kRound, .a = at(6), .places = 2},
+              false);
 }
 
 void add_rescaling(Table& table) {
@@ -105,8 +106,8 @@ void add_text(Table& table) {
     constexpr TextRow rows[] = {{7, 2.4, 1.8, 1.2}, {18, 2.5, 1.9, 1.4}, {38, 2.3, 1.8, 2.5}};
     const auto name = [](int digits) { return std::to_string(digits) + " digits"; };
     for (const TextRow& row : rows) {
-        table.add_class({.name = "to text", .operation = Operation::kToText, .a = at(2), .places = 2},
-                        name(row.digits), row.to, one_value(signed_digits(row.digits, row.digits)));
+        table.add_class({.name = "to text", .operation = Operation::kToText, .a = at(2), .places = 2}, name(row.digits),
+                        row.to, one_value(signed_digits(row.digits, row.digits)));
     }
     for (const TextRow& row : rows) {
         table.add_class({.name = "to text grouped", .operation = Operation::kToGroupedText, .a = at(2), .places = 2},
@@ -131,8 +132,8 @@ Fill doubles(const ValueDraw& value, int scale) {
 void add_machine_numbers(Table& table) {
     table.add_class({.name = "from double, scale 2", .operation = Operation::kFromDouble, .result = at(2)}, "small",
                     1.5, doubles(kSmall, 2));
-    table.add_class({.name = "from double, scale 10", .operation = Operation::kFromDouble, .result = at(10)}, "wide",
-                    4, doubles(kWide, 10));
+    table.add_class({.name = "from double, scale 10", .operation = Operation::kFromDouble, .result = at(10)}, "wide", 4,
+                    doubles(kWide, 10));
     table.add_class({.name = "to double, scale 2", .operation = Operation::kToDouble, .a = at(2)}, "small", 1.0,
                     one_value(kSmall));
     table.add_class({.name = "to double, scale 10", .operation = Operation::kToDouble, .a = at(10)}, "wide", 3,

@@ -46,8 +46,17 @@ inline void store(Numeric* x, I128 value) {
 constexpr I128 kNan = static_cast<I128>(U128{1} << 127);
 constexpr U128 kLimit = U128{1} << 127;  // the first magnitude that does not fit
 
-constexpr U128 magnitude(I128 x) { return x < 0 ? -static_cast<U128>(x) : static_cast<U128>(x); }
-constexpr I128 with_sign(U128 x, bool negative) { return static_cast<I128>(negative ? -x : x); }
+// Signs come as they like, and nothing branches on them but where hardly any number is negative.
+constexpr U128 magnitude_of_mostly_positive(I128 x) {
+    if (__builtin_expect(x < 0, 0)) return -static_cast<U128>(x);
+    return static_cast<U128>(x);
+}
+constexpr U128 negated_if(bool negative, U128 x) {
+    const U128 mask = -U128{negative};
+    return (x ^ mask) - mask;
+}
+constexpr U128 magnitude(I128 x) { return negated_if(x < 0, static_cast<U128>(x)); }
+constexpr I128 with_sign(U128 x, bool negative) { return static_cast<I128>(negated_if(negative, x)); }
 
 // Which magnitudes are increased, as a set of 16 cases: the sign, the dropped part (nothing, below, exactly, above one
 // half) and whether the kept digit is odd.
@@ -93,26 +102,31 @@ inline U64 divide_2by1(U128 n, U64 d, U64* remainder) {
 #endif
 }
 
+// What a dividend is like. kShort: mostly below 2^64, which a branch predictor then expects. kAny: as often as not, and
+// two divisions cost less than a wrong guess.
+enum class Dividend { kShort, kAny };
+
+template <Dividend kDividend>
 inline U128 divide_by_word(U128 n, U64 d, U64* remainder) {
-    if (is_word(n)) {
+    if (kDividend == Dividend::kShort && is_word(n)) {
         *remainder = low(n) % d;
         return low(n) / d;
     }
     const U64 top = high(n) / d;
-    return static_cast<U128>(top) << 64 |
-           divide_2by1(static_cast<U128>(high(n) % d) << 64 | low(n), d, remainder);
+    return static_cast<U128>(top) << 64 | divide_2by1(static_cast<U128>(high(n) % d) << 64 | low(n), d, remainder);
 }
 
 // A magnitude divided by 0 < d < 2^127 and rounded, and whether anything was dropped.
+template <Dividend kDividend>
 inline U128 divide_rounded(U128 n, U128 d, std::uint32_t mode, bool negative, bool* inexact) {
-    if (is_word(n) && is_word(d)) {
+    if (kDividend == Dividend::kShort && is_word(n) && is_word(d)) {
         const U64 quotient = low(n) / low(d), remainder = low(n) % low(d);
         *inexact = remainder != 0;
         return U128{quotient} + increase(mode, negative, quotient, remainder, low(d));
     }
     if (is_word(d)) {
         U64 remainder;
-        const U128 quotient = divide_by_word(n, low(d), &remainder);
+        const U128 quotient = divide_by_word<kDividend>(n, low(d), &remainder);
         *inexact = remainder != 0;
         return quotient + increase(mode, negative, low(quotient), remainder, low(d));
     }

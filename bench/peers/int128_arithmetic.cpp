@@ -19,7 +19,8 @@ NumericStatus add(const Numeric* a, const Numeric* b, Numeric* out) {
     const I128 x = load(a), y = load(b);
     if (either_nan(x, y)) return nan(out);
     I128 sum;
-    if (__builtin_add_overflow(x, y, &sum) || sum == kNan) return nan(out, x < 0 ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW);
+    if (__builtin_add_overflow(x, y, &sum) || sum == kNan)
+        return nan(out, x < 0 ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW);
     store(out, sum);
     return NUMERIC_OK;
 }
@@ -43,7 +44,7 @@ NumericStatus rescale(const NumericInfo* from, const NumericInfo* to, const Nume
         return finish(dst, high_half(product) != 0 ? kLimit : low_half(product), value < 0, false);
     }
     if (!is_mode(from->rounding_mode) || !is_mode(to->rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
-    return settle(dst, magnitude(value), value < 0, places, to->rounding_mode);
+    return settle<Dividend::kShort>(dst, magnitude(value), value < 0, places, to->rounding_mode);
 }
 
 NumericStatus round(const NumericInfo* info, std::int32_t places, Numeric* num) {
@@ -54,7 +55,8 @@ NumericStatus round(const NumericInfo* info, std::int32_t places, Numeric* num) 
     if (dropped <= 0) return NUMERIC_OK;
     const U128 unit = kPower[static_cast<std::size_t>(dropped)];
     bool inexact;
-    const U128 kept = divide_rounded(magnitude(value), unit, info->rounding_mode, value < 0, &inexact);
+    const U128 kept =
+        divide_rounded<Dividend::kShort>(magnitude(value), unit, info->rounding_mode, value < 0, &inexact);
     return finish(num, kept * unit, value < 0, inexact);  // below 2^127 + 10^38, so nothing is lost
 }
 
@@ -75,7 +77,7 @@ NumericStatus rescaling_add(const NumericInfo* a_info, const NumericInfo* b_info
     const int a_up = common - a_info->scale, b_up = common - b_info->scale, places = common - result_info->scale;
     if (is_int64(x) && is_int64(y) && a_up <= kShortRoad && b_up <= kShortRoad) {
         const I128 sum = x * power(a_up) + y * power(b_up);
-        return settle(result, magnitude(sum), sum < 0, places, result_info->rounding_mode);
+        return settle<Dividend::kShort>(result, magnitude(sum), sum < 0, places, result_info->rounding_mode);
     }
     return add_wide(a_up, b_up, places, result_info->rounding_mode, x, y, result);
 }
@@ -89,9 +91,9 @@ NumericStatus rescaling_multiply(const NumericInfo* a_info, const NumericInfo* b
     const bool negative = (x < 0) != (y < 0);
     const U128 p = magnitude(x), q = magnitude(y);
     if (is_word(p) && is_word(q)) {
-        return settle(result, U128{low(p)} * low(q), negative && p != 0 && q != 0, places, result_info->rounding_mode);
+        return settle<Dividend::kAny>(result, U128{low(p)} * low(q), negative, places, result_info->rounding_mode);
     }
-    return settle(result, multiply(p, q), negative && p != 0 && q != 0, places, result_info->rounding_mode);
+    return settle(result, multiply(p, q), negative, places, result_info->rounding_mode);
 }
 
 NumericStatus divide_wide(U256 dividend, U128 divisor, bool negative, std::uint32_t mode, Numeric* result) {
@@ -121,7 +123,8 @@ NumericStatus rescaling_divide(const NumericInfo* a_info, const NumericInfo* b_i
     const std::uint32_t mode = result_info->rounding_mode;
     if (is_word(p) && up <= kWordDigits) {
         bool inexact;
-        const U128 quotient = divide_rounded(U128{low(p)} * low(unit), divisor, mode, negative, &inexact);
+        const U128 quotient =
+            divide_rounded<Dividend::kAny>(U128{low(p)} * low(unit), divisor, mode, negative, &inexact);
         return finish(result, quotient, negative, inexact);
     }
     return divide_wide(multiply(p, unit), divisor, negative, mode, result);
@@ -138,9 +141,14 @@ std::int32_t rescaling_compare(const NumericInfo* a_info, const NumericInfo* b_i
         const I128 p = up > 0 ? x * factor : x, q = up < 0 ? y * factor : y;
         return (p > q) - (p < q);
     }
+    if (up <= kWordDigits && -up <= kWordDigits) {
+        const Signed192 p = multiply_signed(x, up > 0 ? low(static_cast<U128>(factor)) : 1);
+        const Signed192 q = multiply_signed(y, up < 0 ? low(static_cast<U128>(factor)) : 1);
+        return less(q, p) - less(p, q);
+    }
     if ((x < 0) != (y < 0)) return x < 0 ? -1 : 1;
-    const U256 p = up > 0 ? multiply(magnitude(x), static_cast<U128>(factor)) : wide(magnitude(x));
-    const U256 q = up < 0 ? multiply(magnitude(y), static_cast<U128>(factor)) : wide(magnitude(y));
+    const U256 p = multiply(magnitude(x), up > 0 ? static_cast<U128>(factor) : 1);
+    const U256 q = multiply(magnitude(y), up < 0 ? static_cast<U128>(factor) : 1);
     const int order = less(q, p) - less(p, q);
     return x < 0 ? -order : order;
 }
@@ -152,8 +160,9 @@ NumericStatus divide_by_integer(Numeric* x, const NumericInfo* info, std::int32_
     if (!is_mode(info->rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
     const bool negative = (value < 0) != (d < 0);
     bool inexact;
-    const U128 quotient =
-        divide_rounded(magnitude(value), U128{low(magnitude(d))}, info->rounding_mode, negative, &inexact);
+    const U128 quotient = divide_rounded<Dividend::kShort>(magnitude_of_mostly_positive(value),
+                                                           U128{low(magnitude_of_mostly_positive(d))},
+                                                           info->rounding_mode, negative, &inexact);
     return finish(x, quotient, negative, inexact);
 }
 
@@ -164,7 +173,7 @@ NumericStatus multiply_by_integer(Numeric* x, std::int32_t m) {
         store(x, value * m);
         return NUMERIC_OK;
     }
-    const U128 p = magnitude(value), factor = magnitude(m);
+    const U128 p = magnitude_of_mostly_positive(value), factor = magnitude_of_mostly_positive(m);
     const U128 bottom = U128{low(p)} * low(factor), top = U128{high(p)} * low(factor) + high(bottom);
     return finish(x, top >> 63 != 0 ? kLimit : top << 64 | low(bottom), (value < 0) != (m < 0), false);
 }

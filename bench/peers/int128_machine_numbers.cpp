@@ -14,7 +14,7 @@ NumericStatus from_integer(std::int64_t value, const NumericInfo* info, Numeric*
         return NUMERIC_OK;
     }
     if (!is_mode(info->rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
-    return settle(out, magnitude(value), value < 0, -scale, info->rounding_mode);
+    return settle<Dividend::kShort>(out, magnitude(value), value < 0, -scale, info->rounding_mode);
 }
 
 // Cut off towards zero; scales 0 to 19.
@@ -25,10 +25,11 @@ NumericStatus to_integer(const Numeric* in, const NumericInfo* info, std::int64_
     if (!is_mode(info->rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
     const U64 unit = low(kPower[static_cast<std::size_t>(info->scale)]);
     U64 remainder;
-    const U128 whole = divide_by_word(magnitude(value), unit, &remainder);
+    const U128 whole = divide_by_word<Dividend::kShort>(magnitude_of_mostly_positive(value), unit, &remainder);
     const bool negative = value < 0;
-    if (whole > static_cast<U64>(INT64_MAX) + (negative ? 1 : 0)) return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
-    *out = static_cast<std::int64_t>(with_sign(whole, negative));
+    if (whole > static_cast<U64>(INT64_MAX) + (negative ? 1 : 0))
+        return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
+    *out = static_cast<std::int64_t>(negative ? -low(whole) : low(whole));
     return remainder != 0 ? NUMERIC_INEXACT : NUMERIC_OK;
 }
 
@@ -91,8 +92,8 @@ NumericStatus to_double(const Numeric* in, const NumericInfo* info, double* out)
     U64 remainder;
     const U64 quotient = divide_2by1(dividend >> 1, divisor, &remainder);
     // value = p / power = dividend / divisor * 2^(down - up)
-    return assemble(quotient, remainder != 0 || (low(dividend) & 1) != 0, 1 + down - up, value < 0,
-                    info->rounding_mode, out);
+    return assemble(quotient, remainder != 0 || (low(dividend) & 1) != 0, 1 + down - up, value < 0, info->rounding_mode,
+                    out);
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ char* put_number(char* end, U64 x) {
 char* put_digits(char* end, U128 x, int count) {
     if (count > kWordDigits) {
         U64 chunk;
-        x = divide_by_word(x, low(kPower[kWordDigits]), &chunk);
+        x = divide_by_word<Dividend::kAny>(x, low(kPower[kWordDigits]), &chunk);
         end = put_digits(end, chunk, kWordDigits);
         count -= kWordDigits;
     }
@@ -70,7 +70,7 @@ char* put_digits(char* end, U128 x, int count) {
 char* put_number(char* end, U128 x) {
     while (!is_word(x)) {
         U64 chunk;
-        x = divide_by_word(x, low(kPower[kWordDigits]), &chunk);
+        x = divide_by_word<Dividend::kAny>(x, low(kPower[kWordDigits]), &chunk);
         end = put_digits(end, chunk, kWordDigits);
     }
     return put_number(end, low(x));
@@ -89,7 +89,7 @@ char* put_grouped_number(char* end, U128 x) {
     constexpr int groups = 6;
     while (!is_word(x)) {
         U64 chunk;
-        x = divide_by_word(x, low(kPower[3 * groups]), &chunk);
+        x = divide_by_word<Dividend::kAny>(x, low(kPower[3 * groups]), &chunk);
         end = put_groups(end, chunk, groups);
     }
     U64 rest = low(x);
@@ -114,7 +114,7 @@ NumericStatus to_text(const Numeric* value, const NumericInfo* info, std::int32_
     const int dropped = info->scale - output_scale;
     if (dropped > 0) {
         const U128 unit = kPower[static_cast<std::size_t>(dropped)];
-        x = divide_rounded(x, unit, info->rounding_mode, number < 0, &inexact);
+        x = divide_rounded<Dividend::kShort>(x, unit, info->rounding_mode, number < 0, &inexact);
     } else if (dropped < 0) {
         const U256 product = multiply(x, kPower[static_cast<std::size_t>(-dropped)]);
         if (high_half(product) != 0 || low_half(product) >= kLimit) {
@@ -130,15 +130,15 @@ NumericStatus to_text(const Numeric* value, const NumericInfo* info, std::int32_
         fraction = low(x) % unit;
     } else if (output_scale > 0 && output_scale <= kWordDigits) {
         U64 rest;
-        whole = divide_by_word(x, low(kPower[static_cast<std::size_t>(output_scale)]), &rest);
+        whole = divide_by_word<Dividend::kAny>(x, low(kPower[static_cast<std::size_t>(output_scale)]), &rest);
         fraction = rest;
     } else if (output_scale > 0) {
         whole = x / kPower[static_cast<std::size_t>(output_scale)];
         fraction = x % kPower[static_cast<std::size_t>(output_scale)];
     }
     const int digits = digit_count(whole);
-    const int length = (number < 0 ? 1 : 0) + digits + (kGrouped ? (digits - 1) / 3 : 0) +
-                       (output_scale > 0 ? output_scale + 1 : 0);
+    const int length =
+        (number < 0 ? 1 : 0) + digits + (kGrouped ? (digits - 1) / 3 : 0) + (output_scale > 0 ? output_scale + 1 : 0);
     if (static_cast<std::size_t>(length) >= buffer_size) return NUMERIC_BUFFER_TOO_SMALL;
     char* at = buffer + length;
     *at = '\0';
@@ -235,7 +235,7 @@ NumericStatus from_text(const char* text, const NumericInfo* info, Numeric* resu
     if (digits.too_many || dropped < -kMostDigits || dropped > kMostDigits) {
         return nan(result, negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW);
     }
-    return settle(result, digits.value(), negative, dropped, info->rounding_mode);
+    return settle<Dividend::kShort>(result, digits.value(), negative, dropped, info->rounding_mode);
 }
 
 }  // namespace

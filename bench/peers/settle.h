@@ -8,6 +8,7 @@
 namespace qv8numeric_bench::int128 {
 
 // The result has `places` digits too many, -38 to 38; a negative number of them is to be added.
+template <Dividend kDividend>
 inline NumericStatus settle(Numeric* out, U128 magnitude, bool negative, int places, std::uint32_t mode) {
     if (places == 0) return finish(out, magnitude, negative, false);
     if (places < 0) {
@@ -15,12 +16,13 @@ inline NumericStatus settle(Numeric* out, U128 magnitude, bool negative, int pla
         return finish(out, high_half(product) != 0 ? kLimit : low_half(product), negative, false);
     }
     bool inexact;
-    magnitude = divide_rounded(magnitude, kPower[static_cast<std::size_t>(places)], mode, negative, &inexact);
+    magnitude =
+        divide_rounded<kDividend>(magnitude, kPower[static_cast<std::size_t>(places)], mode, negative, &inexact);
     return finish(out, magnitude, negative, inexact);
 }
 
 inline NumericStatus settle(Numeric* out, U256 magnitude, bool negative, int places, std::uint32_t mode) {
-    if (high_half(magnitude) == 0) return settle(out, low_half(magnitude), negative, places, mode);
+    if (high_half(magnitude) == 0) return settle<Dividend::kAny>(out, low_half(magnitude), negative, places, mode);
     if (places <= 0) return finish(out, kLimit, negative, false);
     const U64 first = low(kPower[static_cast<std::size_t>(places < kWordDigits ? places : kWordDigits)]);
     U128 remainder = divide(&magnitude, first), divisor = first;

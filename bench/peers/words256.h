@@ -23,6 +23,22 @@ inline U256 multiply(U128 a, U128 b) {
     return {{low(ll), low(middle), low(top), high(top)}};
 }
 
+// A signed number times an unsigned word, in 192 bits.
+struct Signed192 {
+    I128 high;
+    U64 low;
+};
+
+inline Signed192 multiply_signed(I128 a, U64 b) {
+    const U128 bottom = U128{low(static_cast<U128>(a))} * b;
+    const auto top = static_cast<std::int64_t>(a >> 64);
+    return {top * static_cast<I128>(b) + high(bottom), low(bottom)};
+}
+
+inline bool less(const Signed192& a, const Signed192& b) {
+    return (a.high < b.high) | ((a.high == b.high) & (a.low < b.low));
+}
+
 // Modulo 2^256.
 inline U256 multiply(const U256& a, U64 b) {
     U256 product;
@@ -48,8 +64,7 @@ inline U256 subtract(const U256& a, const U256& b) {
 }
 
 inline bool less(const U256& a, const U256& b) {
-    if (high_half(a) != high_half(b)) return high_half(a) < high_half(b);
-    return low_half(a) < low_half(b);
+    return (high_half(a) < high_half(b)) | ((high_half(a) == high_half(b)) & (low_half(a) < low_half(b)));
 }
 
 // In place; the remainder comes back.
