@@ -34,21 +34,24 @@ class Contender {
     virtual std::string name() const = 0;
     virtual Manners manners() const = 0;
 
-    // Nothing when this operation, these scales or operands of this width are beyond it.
-    virtual std::optional<Part> part_in(const Workload& workload) const = 0;
+    // Nothing when this operation, these scales or operands of so many digits are beyond it.
+    virtual std::optional<Part> part_in(const Workload& workload, int digits) const = 0;
 
     // Null when it has no such operation.
     virtual std::unique_ptr<Trial> trial(const Workload& workload, const Inputs& inputs) const = 0;
 };
 
 // A peer from its traits: those of calls.h, and
-//     Traits::kName, Traits::kManners, Traits::kernels() and Traits::part_in(const Workload&)
+//     Traits::kName, Traits::kManners, Traits::kernels() and Traits::part_in(const Workload&, int digits)
 template <typename Traits>
 class Peer : public Contender {
   public:
     std::string name() const override { return Traits::kName; }
     Manners manners() const override { return Traits::kManners; }
-    std::optional<Part> part_in(const Workload& workload) const override { return Traits::part_in(workload); }
+    std::optional<Part> part_in(const Workload& workload, int digits) const override {
+        if (workload.departure) return std::nullopt;
+        return Traits::part_in(workload, digits);
+    }
     std::unique_ptr<Trial> trial(const Workload& workload, const Inputs& inputs) const override {
         return trial_for<Traits>(Traits::kernels(), workload, inputs);
     }

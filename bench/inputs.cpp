@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "inputs.h"
 
+#include <algorithm>
 #include <bit>
 
 #include "binary64.h"
@@ -40,6 +41,22 @@ Inputs inputs_of(const Workload& workload) {
     Inputs inputs;
     workload.fill(draw, inputs);
     return inputs;
+}
+
+int widest(const Inputs& inputs) {
+    std::size_t digits = 0;
+    for (const auto* values : {&inputs.a, &inputs.b}) {
+        for (const Numeric& value : *values) {
+            digits = std::max(digits, cpp_int(abs(qv8numeric_tests::coefficient(value))).str().size());
+        }
+    }
+    for (const std::string& text : inputs.texts) {
+        const auto length = std::count_if(text.begin(), text.end(), [](char c) { return '0' <= c && c <= '9'; });
+        digits = std::max(digits, static_cast<std::size_t>(length));
+    }
+    if (!inputs.integers.empty()) digits = std::max<std::size_t>(digits, 19);
+    if (!inputs.doubles.empty()) digits = std::max<std::size_t>(digits, 17);
+    return static_cast<int>(digits);
 }
 
 std::uint64_t Draw::word() {

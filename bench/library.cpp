@@ -49,7 +49,7 @@ class Library : public Contender {
 
     std::string name() const override { return name_; }
     Manners manners() const override { return Manners::kLibrary; }
-    std::optional<Part> part_in(const Workload&) const override { return whole_job(); }
+    std::optional<Part> part_in(const Workload&, int) const override { return whole_job(); }
     std::unique_ptr<Trial> trial(const Workload& workload, const Inputs& inputs) const override {
         return trial_for<CoefficientTraits>(kernels_, workload, inputs);
     }

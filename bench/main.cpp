@@ -26,9 +26,10 @@ struct Entry {
 
 std::vector<Entry> entries(const std::vector<std::unique_ptr<Contender>>& contenders, const Workload& workload,
                            const Inputs& inputs) {
+    const int digits = widest(inputs);
     std::vector<Entry> entered;
     for (const auto& contender : contenders) {
-        const std::optional<Part> part = contender->part_in(workload);
+        const std::optional<Part> part = contender->part_in(workload, digits);
         if (!part) continue;
         if (auto trial = contender->trial(workload, inputs)) {
             entered.push_back({contender.get(), *part, std::move(trial)});

@@ -57,10 +57,14 @@ struct Workload {
     NumericInfo b{};          // of *b
     NumericInfo result{};     // of the result
     std::int32_t places = 0;  // what Round and the formatters round to
+    bool departure = false;   // the library's own answer, which no peer gives
     Fill fill{};
 
     std::string title() const { return operands.empty() ? name : name + ", " + operands; }
 };
+
+// The decimal digits of the longest operand.
+int widest(const Inputs& inputs);
 
 // The same on every run. Each row has a seed of its own, so that one can be added without changing the others.
 Inputs inputs_of(const Workload& workload);

@@ -24,7 +24,10 @@ struct Int128 : CoefficientTraits {
         return kernels;
     }
 
-    static std::optional<Part> part_in(const Workload&) { return whole_job(); }
+    static std::optional<Part> part_in(const Workload& w, int) {
+        if (!int128::is_within_reach(w)) return std::nullopt;
+        return whole_job();
+    }
 };
 
 }  // namespace

@@ -78,6 +78,11 @@ constexpr auto kIncreased = [] {
     return sets;
 }();
 
+// The set bit for a kept digit and a dropped part: 0 for nothing, 1, 2 and 3 for below, exactly and above one half.
+constexpr bool is_increased(std::uint32_t mode, bool negative, bool odd, unsigned dropped) {
+    return (kIncreased[mode] >> ((negative ? 8U : 0U) | dropped << 1 | (odd ? 1U : 0U)) & 1) != 0;
+}
+
 constexpr bool is_mode(std::uint32_t mode) { return mode < kIncreased.size(); }
 
 // 1 if a magnitude ending in this digit grows, else 0. The remainder is below the divisor, which is below 2^127.

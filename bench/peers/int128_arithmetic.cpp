@@ -180,6 +180,22 @@ NumericStatus multiply_by_integer(Numeric* x, std::int32_t m) {
 
 }  // namespace
 
+bool is_within_reach(const Workload& w) {
+    const int a = w.a.scale, b = w.b.scale, result = w.result.scale, common = a > b ? a : b;
+    const auto is_power = [](int exponent) { return -kMostDigits <= exponent && exponent <= kMostDigits; };
+    switch (w.operation) {
+        case Operation::kRescale: return is_power(a - result);
+        case Operation::kRescalingAdd: return is_power(a - b) && is_power(common - result);
+        case Operation::kRescalingCompare: return is_power(a - b);
+        case Operation::kRescalingMultiply: return is_power(a + b - result);
+        case Operation::kRescalingDivide: return result - a + b >= 0 && is_power(result - a + b);
+        case Operation::kFromDouble: return 0 <= result && result <= 22;
+        case Operation::kToDouble:
+        case Operation::kToInteger: return 0 <= a && a <= kWordDigits;
+        default: return true;
+    }
+}
+
 void add_arithmetic(Kernels<Numeric>& kernels) {
     kernels.add = add;
     kernels.compare = compare;

@@ -4,6 +4,7 @@
 #define QV8NUMERIC_BENCH_PEERS_INT128_PARTS_H
 
 #include "../kernels.h"
+#include "../workload.h"
 
 namespace qv8numeric_bench::int128 {
 
@@ -11,6 +12,9 @@ namespace qv8numeric_bench::int128 {
 void add_arithmetic(Kernels<Numeric>& kernels);
 void add_text(Kernels<Numeric>& kernels);
 void add_machine_numbers(Kernels<Numeric>& kernels);
+
+// Scales it was written for: powers of ten that fit its integer, and those that fit a word for doubles.
+bool is_within_reach(const Workload& workload);
 
 }  // namespace qv8numeric_bench::int128
 
