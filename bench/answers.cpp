@@ -50,9 +50,10 @@ Answer divided(const Numeric& a, std::int64_t divisor, std::uint32_t mode) {
     return rounded_to(Fraction{dividend, 1} / Fraction{divisor, 1}, {0, mode});
 }
 
-// Beyond the range it is an underflow on either side, and a negative factor always is.
-Answer multiplied(const Numeric& a, std::int64_t factor) {
+// The library calls it an underflow on either side, and refuses a negative factor.
+Answer multiplied(const Numeric& a, std::int64_t factor, Manners manners) {
     const Outcome product = in_range(coefficient(a) * factor, NUMERIC_OK);
+    if (manners == Manners::kCommon) return of(product);
     return factor < 0 || product.status != NUMERIC_OK ? Answer{NUMERIC_UNDERFLOW, "NaN"} : of(product);
 }
 
@@ -107,7 +108,7 @@ Answer exact_answer(const Workload& w, const Inputs& in, std::size_t i, Manners 
         case Operation::kRescalingCompare:
             return order(decimal(in.a[i], w.a.scale), decimal(in.b[i], w.b.scale), manners);
         case Operation::kDivideByInteger: return divided(in.a[i], in.integers[i], w.a.rounding_mode);
-        case Operation::kMultiplyByInteger: return multiplied(in.a[i], in.integers[i]);
+        case Operation::kMultiplyByInteger: return multiplied(in.a[i], in.integers[i], manners);
         case Operation::kToText:
         case Operation::kToGroupedText: return formatted(in.a[i], w);
         case Operation::kFromText:

@@ -22,8 +22,8 @@ struct Answer {
 std::string text_of(const Numeric& value);
 std::string text_of(double value);
 
-// The library's manners, or what anyone else would do: where they differ, the comparison has its opposite sign, and a
-// change of scale reports its loss and takes a negative value to zero.
+// The library's manners, or what anyone else would do: the comparison has its opposite sign, a change of scale reports
+// its loss and takes a negative value to zero, and what is out of range is said to be beyond the limit that it passed.
 enum class Manners { kLibrary, kCommon };
 
 std::vector<Answer> exact_answers(const Workload& workload, const Inputs& inputs, Manners manners);

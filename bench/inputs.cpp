@@ -111,6 +111,18 @@ Fill value_and_integer(const ValueDraw& a, const IntegerDraw& integer) {
     };
 }
 
+Fill texts(const ValueDraw& value, int scale, std::string (*spelled)(const Numeric&, int)) {
+    return [=](Draw& draw, Inputs& in) {
+        for (const Numeric& number : many<Numeric>(draw, value)) in.texts.push_back(spelled(number, scale));
+    };
+}
+
+Fill doubles(const ValueDraw& value, int scale) {
+    return [=](Draw& draw, Inputs& in) {
+        for (const Numeric& number : many<Numeric>(draw, value)) in.doubles.push_back(nearest_double(number, scale));
+    };
+}
+
 std::int64_t integer_bits(Draw& draw, int low, int high) {
     return static_cast<std::int64_t>(bits(low, high)(draw).low);
 }

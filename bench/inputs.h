@@ -55,6 +55,9 @@ Fill one_value(const ValueDraw& a);
 Fill two_values(const ValueDraw& a, const ValueDraw& b);
 Fill value_and_integer(const ValueDraw& a, const IntegerDraw& integer);
 
+Fill texts(const ValueDraw& value, int scale, std::string (*spelled)(const Numeric&, int));
+Fill doubles(const ValueDraw& value, int scale);  // the nearest ones
+
 Numeric negated(const Numeric& value);
 
 // The value at a scale in plain digits, with every place written; or with groups of three.

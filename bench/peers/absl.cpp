@@ -2,6 +2,8 @@
 // Abseil's 128-bit integer.
 #include <absl/numeric/int128.h>
 
+#include <cstdlib>
+
 #include "../coefficients.h"
 #include "../contender.h"
 #include "int128_parts.h"
@@ -38,12 +40,20 @@ struct Absl : IntegerKernels<AbslInteger> {
     }
     static void entangle(Value& value, std::uint64_t zero) { value ^= absl::int128(zero); }
 
-    // What leaves 128 bits on the way wraps around there.
+    // What leaves 128 bits on the way wraps around there: the digits that an operation may add to an operand's.
+    static int digits_on_the_way(const Workload& w, int digits) {
+        switch (w.operation) {
+            case Operation::kRescalingAdd:
+            case Operation::kRescalingCompare: return std::abs(w.a.scale - w.b.scale);
+            case Operation::kRescalingMultiply: return digits;
+            case Operation::kRescalingDivide: return w.result.scale - w.a.scale + w.b.scale;
+            default: return 0;
+        }
+    }
+
     static std::optional<Part> part_in(const Workload& w, int digits) {
-        const bool rescaling = w.operation == Operation::kRescalingAdd || w.operation == Operation::kRescalingDivide ||
-                               w.operation == Operation::kRescalingMultiply ||
-                               w.operation == Operation::kRescalingCompare;
-        if (!int128::is_within_reach(w) || (rescaling && digits > 19)) return std::nullopt;
+        const int added = digits_on_the_way(w, digits);
+        if (!int128::is_within_reach(w) || (added > 0 && digits + added > 38)) return std::nullopt;
         return part_without("no NaN, no check of the range");
     }
 };

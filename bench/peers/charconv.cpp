@@ -74,6 +74,8 @@ NumericStatus from_double(const NumericInfo* info, Numeric* out, double value) {
     return written.ec == std::errc{} && read(text, written.ptr, info->scale, out) ? NUMERIC_OK : NUMERIC_OVERFLOW;
 }
 
+bool is_split(int scale) { return 0 <= scale && scale <= int128::kWordDigits; }
+
 struct Charconv : CoefficientTraits {
     static constexpr const char* kName = "<charconv>";
     static constexpr Manners kManners = Manners::kCommon;
@@ -90,18 +92,20 @@ struct Charconv : CoefficientTraits {
         return kernels;
     }
 
-    static std::optional<Part> part_in(const Workload& w, int) {
+    static std::optional<Part> part_in(const Workload& w, int digits) {
         const std::uint32_t mode = w.operation == Operation::kFromDouble ? w.result.rounding_mode : w.a.rounding_mode;
         switch (w.operation) {
             case Operation::kFromDouble:
             case Operation::kToDouble:
-                if (mode != NUMERIC_ROUND_HALF_EVEN) return std::nullopt;
+                if (mode != NUMERIC_ROUND_HALF_EVEN || !is_split(w.a.scale) || !is_split(w.result.scale)) {
+                    return std::nullopt;
+                }
                 return part_without("half-even alone, no status");
             case Operation::kToText:
-                if (w.places != w.a.scale) return std::nullopt;
+                if (w.places != w.a.scale || !is_split(w.a.scale)) return std::nullopt;
                 return part_without("no rounding, no NaN");
             case Operation::kFromText:
-                if (w.operands.find("rounded") != std::string::npos) return std::nullopt;
+                if (w.operands != std::to_string(digits) + " digits") return std::nullopt;
                 return part_without("no rounding, no exponent");
             default: return std::nullopt;
         }

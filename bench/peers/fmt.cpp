@@ -10,16 +10,18 @@
 namespace qv8numeric_bench {
 namespace {
 
+constexpr std::size_t kLongest = 48;  // a sign, 39 digits, a point and the NUL
+
 NumericStatus to_text(const Numeric* value, const NumericInfo* info, std::int32_t, std::int32_t, char* buffer,
                       std::size_t buffer_size) {
     const Split parts = split(*value, info->scale);
     const char* const sign = parts.negative ? "-" : "";
-    const auto written = int128::is_word(parts.whole) ? fmt::format_to_n(buffer, buffer_size, FMT_COMPILE("{}{}.{:02}"),
-                                                                         sign, int128::low(parts.whole), parts.fraction)
-                                                      : fmt::format_to_n(buffer, buffer_size, FMT_COMPILE("{}{}.{:02}"),
-                                                                         sign, parts.whole, parts.fraction);
-    if (written.size >= buffer_size) return NUMERIC_BUFFER_TOO_SMALL;
-    *written.out = '\0';
+    if (buffer_size < kLongest) return NUMERIC_BUFFER_TOO_SMALL;
+    char* const end =
+        int128::is_word(parts.whole)
+            ? fmt::format_to(buffer, FMT_COMPILE("{}{}.{:02}"), sign, int128::low(parts.whole), parts.fraction)
+            : fmt::format_to(buffer, FMT_COMPILE("{}{}.{:02}"), sign, parts.whole, parts.fraction);
+    *end = '\0';
     return NUMERIC_OK;
 }
 

@@ -140,6 +140,7 @@ NumericStatus to_text(const Numeric* value, const NumericInfo* info, std::int32_
     const int length =
         (number < 0 ? 1 : 0) + digits + (kGrouped ? (digits - 1) / 3 : 0) + (output_scale > 0 ? output_scale + 1 : 0);
     if (static_cast<std::size_t>(length) >= buffer_size) return NUMERIC_BUFFER_TOO_SMALL;
+    *buffer = '-';  // or the first digit, written later
     char* at = buffer + length;
     *at = '\0';
     if (output_scale > 0) {
@@ -147,7 +148,6 @@ NumericStatus to_text(const Numeric* value, const NumericInfo* info, std::int32_
         *--at = '.';
     }
     (void)(kGrouped ? put_grouped_number(at, whole) : put_number(at, whole));
-    if (number < 0) *buffer = '-';
     return inexact ? NUMERIC_INEXACT : NUMERIC_OK;
 }
 
@@ -212,7 +212,7 @@ template <bool kGrouped>
 NumericStatus from_text(const char* text, const NumericInfo* info, Numeric* result, char** end) {
     const char* at = text;
     const bool negative = *at == '-';
-    if (*at == '-' || *at == '+') ++at;
+    at += unsigned{negative} | unsigned{*at == '+'};
     Digits digits;
     const char* const first = at;
     at = digits.read(skip_zeros(at));

@@ -154,16 +154,21 @@ struct Intel : BidTraits {
         const std::uint32_t mode = w.operation == Operation::kRound || w.operation == Operation::kDivideByInteger
                                        ? w.a.rounding_mode
                                        : w.result.rounding_mode;
-        if (mode == NUMERIC_ROUND_HALF_DOWN) return std::nullopt;
+        if (digits > kBidDigits) return std::nullopt;
+        if (mode == NUMERIC_ROUND_UP || mode == NUMERIC_ROUND_HALF_DOWN) return std::nullopt;
         switch (w.operation) {
             // What the product or the quotient has beyond 34 digits is rounded before the scale is set.
             case Operation::kRescalingMultiply:
+                if (2 * digits - (w.a.scale + w.b.scale - w.result.scale) > kBidDigits) return std::nullopt;
+                return part_without("rounds twice");
             case Operation::kRescalingDivide:
+                if (digits > 19 || digits + w.result.scale - w.a.scale + w.b.scale > kBidDigits) return std::nullopt;
+                return part_without("rounds twice");
             case Operation::kDivideByInteger:
                 if (digits > 19) return std::nullopt;
                 return part_without("rounds twice");
             case Operation::kFromDouble:
-                if (w.result.scale > 4) return std::nullopt;
+                if (w.result.scale != 2) return std::nullopt;  // at the others doubles of 38 digits are drawn
                 return part_without("rounds twice");
             case Operation::kRescale:
                 if (digits + std::max(w.result.scale - w.a.scale, 0) > kBidDigits) return std::nullopt;

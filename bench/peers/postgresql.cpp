@@ -124,6 +124,8 @@ struct PostgreSql {
     static std::optional<Part> part_in(const Workload& w, int) {
         // It keeps every digit it reads, and rounds halves up where it rounds.
         if (w.operation == Operation::kFromText && w.operands.find("rounded") != std::string::npos) return std::nullopt;
+        if (w.a.scale < 0) return std::nullopt;
+        if (w.operation == Operation::kToText && w.places < w.a.scale) return std::nullopt;
         return part_without("no mode, no status");
     }
 };
