@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The rows that have a figure to reach.
 #include <algorithm>
+#include <array>
 
 #include "rows.h"
 
@@ -71,20 +72,20 @@ void add_int32(Rows& rows) {
 }
 
 void add_text(Rows& rows) {
-    constexpr struct {
-        int digits;
-        double to, to_grouped, from;
-    } reaches[] = {{7, 2.4, 1.8, 1.2}, {18, 2.5, 1.9, 1.4}, {38, 2.3, 1.8, 2.5}};
+    const auto add_lengths = [&](const Workload& workload, std::array<double, 3> reach, const auto& fill) {
+        constexpr std::array lengths{7, 18, 38};
+        for (std::size_t i = 0; i < lengths.size(); ++i) {
+            rows.add(workload, std::to_string(lengths[i]) + " digits", fill(signed_digits(lengths[i], lengths[i])),
+                     reach[i]);
+        }
+    };
+    const auto plain = [](const ValueDraw& value) { return texts(value, 2, plain_text); };
     const Workload to{.name = "to text", .operation = Operation::kToText, .a = at(2), .places = 2};
     const Workload grouped{.name = "to text grouped", .operation = Operation::kToGroupedText, .a = at(2), .places = 2};
     const Workload from{.name = "from text", .operation = Operation::kFromText, .result = at(2)};
-    for (const auto& reach : reaches) {
-        const std::string operands = std::to_string(reach.digits) + " digits";
-        const ValueDraw value = signed_digits(reach.digits, reach.digits);
-        rows.add(to, operands, one_value(value), reach.to);
-        rows.add(grouped, operands, one_value(value), reach.to_grouped);
-        rows.add(from, operands, texts(value, 2, plain_text), reach.from);
-    }
+    add_lengths(to, {2.4, 2.5, 2.3}, one_value);
+    add_lengths(grouped, {1.8, 1.9, 1.8}, one_value);
+    add_lengths(from, {1.2, 1.4, 2.5}, plain);
     rows.add(from, "18 digits and two rounded away", texts(signed_digits(20, 20), 4, plain_text), 1.6);
     rows.add({.name = "from text grouped", .operation = Operation::kFromGroupedText, .result = at(2)}, "18 digits",
              texts(signed_digits(18, 18), 2, grouped_text), 1.1);

@@ -73,6 +73,7 @@ NumericStatus rescaling_add(const NumericInfo* a_info, const NumericInfo* b_info
     const I128 x = load(a), y = load(b);
     if (either_nan(x, y)) return nan(result);
     if (!are_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
+    if (a_info->scale == b_info->scale && a_info->scale == result_info->scale) return add(a, b, result);
     const int common = a_info->scale > b_info->scale ? a_info->scale : b_info->scale;
     const int a_up = common - a_info->scale, b_up = common - b_info->scale, places = common - result_info->scale;
     if (is_int64(x) && is_int64(y) && a_up <= kShortRoad && b_up <= kShortRoad) {

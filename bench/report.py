@@ -1,0 +1,85 @@
+# SPDX-License-Identifier: MIT
+"""The tables: side by side for a terminal, and in Markdown for the documentation."""
+from __future__ import annotations
+
+from results import OURS, PORTABLE, Row, Run
+
+SHORT = {
+    OURS: "ours",
+    PORTABLE: "portable",
+    "by hand, __int128": "by hand",
+    "Intel decimal": "Intel",
+    "GCC _Decimal128": "GCC",
+    "Boost.Multiprecision": "Boost",
+    "PostgreSQL pgtypes": "PgSQL",
+    "<charconv>": "charconv",
+}
+
+LEGEND = """\
+Nanoseconds for each call, medians. ~ does a part of the job only and does not count. Ratio: the fastest peer that does
+the whole job over ours; above 1 we are faster. Reach: what the ratio of the throughput is to show; * it does not yet."""
+
+
+def _time(row: Row, name: str, measure: str) -> str:
+    times = row.find(name)
+    if times is None:
+        return ""
+    return ("" if times.whole_job else "~") + f"{getattr(times, measure):.1f}"
+
+
+def _number(value: float | None) -> str:
+    return f"{value:.2f}" if value else ""
+
+
+def _cells(run: Run, rows: list[Row], measure: str) -> tuple[list[str], list[list[str]]]:
+    """The heads of the columns, and the cells of each row."""
+    names = run.contenders(rows)
+    heads = [measure, "operands", *(SHORT.get(name, name) for name in names), "ratio", "reach", ""]
+    lines = []
+    for row in rows:
+        times = [_time(row, name, measure) for name in names]
+        reach = _number(row.reach) if measure == "throughput" else ""
+        mark = "*" if measure == "throughput" and row.below_reach else ""
+        lines.append([row.name, row.operands, *times, _number(row.ratio(measure)), reach, mark])
+    return heads, lines
+
+
+def _drop_empty_columns(heads: list[str], lines: list[list[str]]) -> tuple[list[str], list[list[str]]]:
+    kept = [i for i in range(len(heads)) if any(line[i] for line in lines)]
+    return [heads[i] for i in kept], [[line[i] for i in kept] for line in lines]
+
+
+def terminal(run: Run, rows: list[Row], measure: str) -> str:
+    """A table with the texts to the left and the numbers to the right."""
+    heads, lines = _drop_empty_columns(*_cells(run, rows, measure))
+    widths = [max(len(line[i]) for line in [heads, *lines]) for i in range(len(heads))]
+    texts = 2 if "operands" in heads else 1
+
+    def laid_out(line: list[str]) -> str:
+        cells = [cell.ljust(width) if i < texts else cell.rjust(width)
+                 for i, (cell, width) in enumerate(zip(line, widths))]
+        return "  ".join(cells).rstrip()
+
+    return "\n".join([laid_out(heads), *map(laid_out, lines)])
+
+
+def markdown(run: Run, rows: list[Row], measure: str) -> str:
+    """The same for a page."""
+    heads, lines = _drop_empty_columns(*_cells(run, rows, measure))
+    texts = 2 if "operands" in heads else 1
+    rule = ["---" if i < texts else "---:" for i in range(len(heads))]
+
+    def laid_out(line: list[str]) -> str:
+        return "| " + " | ".join(cell.replace("<", "&lt;") for cell in line) + " |"
+
+    return "\n".join(laid_out(line) for line in [heads, rule, *lines])
+
+
+def summary(rows: list[Row]) -> str:
+    """How many rows reach their figure, and where a peer is faster."""
+    set_rows = [row for row in rows if row.reach]
+    reached = [row for row in set_rows if not row.below_reach]
+    compared = [row for row in rows if row.ratio("throughput")]
+    ahead = [row for row in compared if row.ratio("throughput") >= 1]
+    return (f"{len(ahead)} of {len(compared)} rows are no slower than the fastest peer that does the whole job; "
+            f"{len(reached)} of {len(set_rows)} reach the figure that is set for them.")
