@@ -54,7 +54,7 @@ def _instructions(program: pathlib.Path, library: pathlib.Path, folder: pathlib.
     for path in folder.glob("counts*"):
         text = path.read_text(encoding="utf-8")
         title = re.search(r"^desc: Trigger: Client Request: (.*)$", text, re.MULTILINE)
-        total = re.search(r"^(?:summary|totals): (\d+)", text, re.MULTILINE)
+        total = re.search(r"^totals: (\d+)", text, re.MULTILINE)
         if title and total:
             counts[title.group(1)] = int(total.group(1)) / COUNTED_CALLS
     return counts

@@ -43,7 +43,7 @@ def write(run: Run, folder: pathlib.Path) -> None:
     peers = _without_portable(run)
     parts = {
         "machine": _machine(run),
-        "summary": report.summary(peers.group("table")),
+        "standing": report.standing(peers.group("table")),
         "throughput": report.markdown(peers, peers.group("table"), "throughput"),
         "latency": report.markdown(peers, peers.group("table"), "latency"),
         "cliffs": report.markdown(peers, peers.group("cliffs"), "throughput"),

@@ -10,21 +10,30 @@ from results import PORTABLE, Row, Run
 
 BY_HAND = "by hand, __int128"
 
-STYLE = """\
-svg { font: 12px system-ui, sans-serif; --ink: #1f2328; --soft: #656d76; --grid: #d8dee4; --page: #ffffff;
-      --ours: #0969da; --peer: #bc4c00; --other: #8c959f; --third: #1a7f37; }
-@media (prefers-color-scheme: dark) {
-  svg { --ink: #e6edf3; --soft: #8d96a0; --grid: #30363d; --page: #0d1117;
-        --ours: #58a6ff; --peer: #f0883e; --other: #6e7681; --third: #56d364; } }
-text { fill: var(--ink); } .soft { fill: var(--soft); } .page { fill: var(--page); } .title { font-weight: 600; }
+LIGHT = {"ink": "#1f2328", "soft": "#656d76", "grid": "#d8dee4", "page": "#ffffff", "band": "#f3f5f8",
+         "ours": "#0969da", "peer": "#bc4c00", "other": "#8c959f", "third": "#1a7f37"}
+DARK = {"ink": "#e6edf3", "soft": "#8d96a0", "grid": "#30363d", "page": "#0d1117", "band": "#161b22",
+        "ours": "#58a6ff", "peer": "#f0883e", "other": "#768390", "third": "#56d364"}
+
+SHAPES = """\
+text { font: 12px system-ui, sans-serif; } .title { font-weight: 600; }
 .number { text-anchor: end; font-variant-numeric: tabular-nums; } .middle { text-anchor: middle; }
-.grid { stroke: var(--grid); } .band { fill: var(--grid); opacity: .35; }
-.ours { fill: var(--ours); } .peer { fill: var(--peer); }
-.part { fill: var(--page); stroke: var(--other); stroke-width: 1.3; } .whole { fill: var(--other); }
-.between { stroke-width: 3; opacity: .45; } .ahead { stroke: var(--ours); } .behind { stroke: var(--peer); }
+.part { stroke-width: 1.3; } .between { stroke-width: 3; opacity: .45; }
 .line { fill: none; stroke-width: 2; stroke-linejoin: round; } .dashed { stroke-dasharray: 4 3; stroke-width: 1.5; }
-.one { stroke: var(--ours); } .two { stroke: var(--peer); } .three { stroke: var(--third); }
 """
+
+
+def _colours(palette: dict[str, str]) -> str:
+    """Written out for each palette, since not every viewer knows variables."""
+    return """\
+text {{ fill: {ink}; }} .soft {{ fill: {soft}; }} .page {{ fill: {page}; }} .band {{ fill: {band}; }}
+.grid {{ stroke: {grid}; }} .ours {{ fill: {ours}; }} .peer {{ fill: {peer}; }} .whole {{ fill: {other}; }}
+.part {{ fill: {page}; stroke: {other}; }} .ahead {{ stroke: {ours}; }} .behind {{ stroke: {peer}; }}
+.one {{ stroke: {ours}; }} .two {{ stroke: {peer}; }} .three {{ stroke: {third}; }}
+""".format(**palette)
+
+
+STYLE = f"{SHAPES}{_colours(LIGHT)}@media (prefers-color-scheme: dark) {{\n{_colours(DARK)}}}\n"
 
 
 class Drawing:
@@ -92,7 +101,7 @@ def _draw_row(drawing: Drawing, scale: LogScale, row: Row, y: float) -> None:
 def write_rows(run: Run, path: pathlib.Path) -> None:
     """Each row of the table on a line, by the time of a call."""
     rows = run.group("table")
-    label, chart, pitch, top = 330, 470, 19, 78
+    label, chart, pitch, top = 370, 470, 19, 78
     height = top + pitch * len(rows) + 40
     times = [t.throughput for row in rows for t in row.contenders if t.name != PORTABLE]
     scale = LogScale(min(times) * 0.85, max(times) * 1.15, label, label + chart)
@@ -147,16 +156,17 @@ def write_distances(run: Run, path: pathlib.Path) -> None:
     for distance in range(0, longest + 1, 4):
         drawing.text(place(distance, 0)[0], top + height + 18, str(distance), "middle soft")
     drawing.text(left + width / 2, top + height + 40, "decimal places dropped, aligned or added", "middle soft")
-    x = 16.0
     for name, kind in zip(names, ("one", "two", "three")):
         of_name = sorted((row for row in rows if row.name.split(",")[0] == name), key=_distance)
         by_hand = [(row, row.find(BY_HAND)) for row in of_name if row.find(BY_HAND)]
         drawing.path([place(_distance(row), peer.throughput) for row, peer in by_hand], f"{kind} dashed")
         drawing.path([place(_distance(row), row.ours.throughput) for row in of_name], kind)
-        for line_kind, content in ((kind, name), (f"{kind} dashed", "by hand, as far as it goes")):
-            drawing.line(x, 46, x + 22, 46, f"line {line_kind}")
-            drawing.text(x + 28, 50, content, "soft")
-            x += 40 + 6.1 * len(content)
+    x = 16.0
+    lines = [*zip(("one", "two", "three"), names), ("one dashed", "the same by hand, as far as that goes")]
+    for kind, content in lines:
+        drawing.line(x, 46, x + 22, 46, f"line {kind}")
+        drawing.text(x + 28, 50, content, "soft")
+        x += 46 + 6.3 * len(content)
     drawing.write(path)
 
 

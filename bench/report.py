@@ -83,3 +83,15 @@ def summary(rows: list[Row]) -> str:
     ahead = [row for row in compared if row.ratio("throughput") >= 1]
     return (f"{len(ahead)} of {len(compared)} rows are no slower than the fastest peer that does the whole job; "
             f"{len(reached)} of {len(set_rows)} reach the figure that is set for them.")
+
+
+def standing(rows: list[Row]) -> str:
+    """The same for a page, with the rows named in which a peer is faster."""
+    behind: dict[str, list[str]] = {}
+    for row in rows:
+        ratio = row.ratio("throughput")
+        if ratio and ratio < 1:
+            peer = row.fastest_peer("throughput")
+            behind.setdefault(SHORT.get(peer.name, peer.name), []).append(f"{row.title} ({ratio:.2f})")
+    lines = [summary(rows), *(f"\nFaster than the library, {name}: {'; '.join(titles)}." for name, titles in behind.items())]
+    return "\n".join(lines)
