@@ -252,18 +252,23 @@ class TrialOf : public Trial {
         return {status, call_.text()};
     }
 
+    // The order is copied, so that the loop keeps it in registers whatever the call may write to.
     void independent_calls(std::size_t count) override {
-        for (; count > 0; --count) (void)call_.run(order_.next());
+        Order order = order_;
+        for (; count > 0; --count) (void)call_.run(order.next());
+        order_ = order;
     }
 
     void dependent_calls(std::size_t count) override {
+        Order order = order_;
         std::uint64_t zero = 0;
         for (; count > 0; --count) {
-            const std::size_t i = order_.next();
+            const std::size_t i = order.next();
             call_.entangle(i, zero);
             (void)call_.run(i);
             zero = call_.word() & no_bits_;
         }
+        order_ = order;
     }
 
   private:

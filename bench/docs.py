@@ -2,13 +2,14 @@
 """Renews the measured parts of docs/performance.md: what stands between a pair of markers comes from a run."""
 from __future__ import annotations
 
+import dataclasses
 import pathlib
 import re
 import subprocess
 
 import plot
 import report
-from results import PORTABLE, Run
+from results import PORTABLE, Row, Run
 
 
 def _processor() -> str:
@@ -33,9 +34,10 @@ def _portable(run: Run) -> str:
 
 def _without_portable(run: Run) -> Run:
     """The comparison with peers has no column for it."""
-    rows = [row.__class__(row.group, row.name, row.operands, row.reach,
-                          [times for times in row.contenders if times.name != PORTABLE]) for row in run.rows]
-    return Run(run.compiler, run.flags, run.libraries, rows)
+    def kept(row: Row) -> Row:
+        return dataclasses.replace(row, contenders=[times for times in row.contenders if times.name != PORTABLE])
+
+    return dataclasses.replace(run, rows=[kept(row) for row in run.rows])
 
 
 def write(run: Run, folder: pathlib.Path) -> None:

@@ -84,10 +84,10 @@ Row measure(const std::string& group, const Workload& workload, std::vector<Entr
     for (Entry& entry : entered) {
         Trial* trial = entry.trial.get();
         benchmark::RegisterBenchmark((entry.contender->name() + "/throughput").c_str(), [trial](auto& state) {
-            for (auto _ : state) trial->independent_calls(kCalls);
+            for ([[maybe_unused]] auto _ : state) trial->independent_calls(kCalls);
         });
         benchmark::RegisterBenchmark((entry.contender->name() + "/latency").c_str(), [trial](auto& state) {
-            for (auto _ : state) trial->dependent_calls(kCalls);
+            for ([[maybe_unused]] auto _ : state) trial->dependent_calls(kCalls);
         });
     }
     Collector collector;

@@ -64,7 +64,7 @@ NumericStatus add_wide(int a_up, int b_up, int places, std::uint32_t mode, I128 
     const U256 a = multiply(magnitude(x), kPower[static_cast<std::size_t>(a_up)]);
     const U256 b = multiply(magnitude(y), kPower[static_cast<std::size_t>(b_up)]);
     if ((x < 0) == (y < 0)) return settle(result, int128::add(a, b), x < 0, places, mode);
-    if (less(a, b)) return settle(result, subtract(b, a), y < 0, places, mode);
+    if (less(a, b) != 0) return settle(result, subtract(b, a), y < 0, places, mode);
     return settle(result, subtract(a, b), x < 0, places, mode);
 }
 
@@ -145,12 +145,12 @@ std::int32_t rescaling_compare(const NumericInfo* a_info, const NumericInfo* b_i
     if (up <= kWordDigits && -up <= kWordDigits) {
         const Signed192 p = multiply_signed(x, up > 0 ? low(static_cast<U128>(factor)) : 1);
         const Signed192 q = multiply_signed(y, up < 0 ? low(static_cast<U128>(factor)) : 1);
-        return less(q, p) - less(p, q);
+        return static_cast<int>(less(q, p)) - static_cast<int>(less(p, q));
     }
     if ((x < 0) != (y < 0)) return x < 0 ? -1 : 1;
     const U256 p = multiply(magnitude(x), up > 0 ? static_cast<U128>(factor) : 1);
     const U256 q = multiply(magnitude(y), up < 0 ? static_cast<U128>(factor) : 1);
-    const int order = less(q, p) - less(p, q);
+    const int order = static_cast<int>(less(q, p)) - static_cast<int>(less(p, q));
     return x < 0 ? -order : order;
 }
 

@@ -35,8 +35,9 @@ inline Signed192 multiply_signed(I128 a, U64 b) {
     return {top * static_cast<I128>(b) + high(bottom), low(bottom)};
 }
 
-inline bool less(const Signed192& a, const Signed192& b) {
-    return (a.high < b.high) | ((a.high == b.high) & (a.low < b.low));
+// 1 or 0, without a branch.
+inline unsigned less(const Signed192& a, const Signed192& b) {
+    return unsigned{a.high < b.high} | (unsigned{a.high == b.high} & unsigned{a.low < b.low});
 }
 
 // Modulo 2^256.
@@ -63,8 +64,9 @@ inline U256 subtract(const U256& a, const U256& b) {
     return {{low(bottom), high(bottom), low(top), high(top)}};
 }
 
-inline bool less(const U256& a, const U256& b) {
-    return (high_half(a) < high_half(b)) | ((high_half(a) == high_half(b)) & (low_half(a) < low_half(b)));
+inline unsigned less(const U256& a, const U256& b) {
+    const U128 p = high_half(a), q = high_half(b);
+    return unsigned{p < q} | (unsigned{p == q} & unsigned{low_half(a) < low_half(b)});
 }
 
 // In place; the remainder comes back.
@@ -100,7 +102,7 @@ inline U128 divide(const U256& n, U128 d, U128* remainder, bool* fits) {
         const U256 product = multiply(wide(divisor), digit);
         U256 three{{rest.word[i], low(top), high(top), 0}};
         U256 subtrahend = product;
-        while (less(three, subtrahend)) {
+        while (less(three, subtrahend) != 0) {
             --digit;
             subtrahend = subtract(subtrahend, wide(divisor));
         }
