@@ -43,6 +43,22 @@ Inputs inputs_of(const Workload& workload) {
     return inputs;
 }
 
+std::uint32_t deciding_mode(const Workload& workload) {
+    switch (workload.operation) {
+        case Operation::kAdd:
+        case Operation::kCompare:
+        case Operation::kRescalingCompare:
+        case Operation::kMultiplyByInteger:
+        case Operation::kToInteger: return NUMERIC_ROUND_HALF_EVEN;
+        case Operation::kRound:
+        case Operation::kDivideByInteger:
+        case Operation::kToText:
+        case Operation::kToGroupedText:
+        case Operation::kToDouble: return workload.a.rounding_mode;
+        default: return workload.result.rounding_mode;
+    }
+}
+
 int widest(const Inputs& inputs) {
     std::size_t digits = 0;
     for (const auto* values : {&inputs.a, &inputs.b}) {

@@ -63,6 +63,9 @@ struct Workload {
     std::string title() const { return operands.empty() ? name : name + ", " + operands; }
 };
 
+// The mode that decides, or half-even where nothing is rounded by a mode.
+std::uint32_t deciding_mode(const Workload& workload);
+
 // The decimal digits of the longest operand.
 int widest(const Inputs& inputs);
 

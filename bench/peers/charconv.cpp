@@ -93,11 +93,10 @@ struct Charconv : CoefficientTraits {
     }
 
     static std::optional<Part> part_in(const Workload& w, int digits) {
-        const std::uint32_t mode = w.operation == Operation::kFromDouble ? w.result.rounding_mode : w.a.rounding_mode;
         switch (w.operation) {
             case Operation::kFromDouble:
             case Operation::kToDouble:
-                if (mode != NUMERIC_ROUND_HALF_EVEN || !is_split(w.a.scale) || !is_split(w.result.scale)) {
+                if (deciding_mode(w) != NUMERIC_ROUND_HALF_EVEN || !is_split(w.a.scale) || !is_split(w.result.scale)) {
                     return std::nullopt;
                 }
                 return part_without("half-even alone, no status");

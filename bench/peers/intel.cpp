@@ -151,9 +151,7 @@ struct Intel : BidTraits {
     }
 
     static std::optional<Part> part_in(const Workload& w, int digits) {
-        const std::uint32_t mode = w.operation == Operation::kRound || w.operation == Operation::kDivideByInteger
-                                       ? w.a.rounding_mode
-                                       : w.result.rounding_mode;
+        const std::uint32_t mode = deciding_mode(w);
         if (digits > kBidDigits) return std::nullopt;
         if (mode == NUMERIC_ROUND_UP || mode == NUMERIC_ROUND_HALF_DOWN) return std::nullopt;
         switch (w.operation) {
