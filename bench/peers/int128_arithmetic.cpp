@@ -8,7 +8,14 @@ namespace {
 // Small operands: their products with powers of ten up to this one fit the compiler's integer, and so do sums of two.
 constexpr int kShortRoad = 18;
 
+// Which no NaN is.
 bool is_int64(I128 x) { return x == static_cast<std::int64_t>(x); }
+bool are_int64(I128 x, I128 y) { return is_int64(x) && is_int64(y); }
+
+I128 multiply_int64(I128 x, I128 y) {
+    return static_cast<I128>(static_cast<std::int64_t>(x)) * static_cast<std::int64_t>(y);
+}
+
 bool either_nan(I128 a, I128 b) { return a == kNan || b == kNan; }
 bool are_modes(const NumericInfo* a, const NumericInfo* b, const NumericInfo* c) {
     return is_mode(a->rounding_mode) && is_mode(b->rounding_mode) && is_mode(c->rounding_mode);
@@ -37,7 +44,7 @@ NumericStatus rescale(const NumericInfo* from, const NumericInfo* to, const Nume
     const int places = from->scale - to->scale;
     if (places < 0) {
         if (is_int64(value) && -places <= kShortRoad) {
-            store(dst, value * power(-places));
+            store(dst, multiply_int64(value, power(-places)));
             return NUMERIC_OK;
         }
         const U256 product = multiply(magnitude(value), kPower[static_cast<std::size_t>(-places)]);
@@ -71,13 +78,14 @@ NumericStatus add_wide(int a_up, int b_up, int places, std::uint32_t mode, I128 
 NumericStatus rescaling_add(const NumericInfo* a_info, const NumericInfo* b_info, const NumericInfo* result_info,
                             const Numeric* a, const Numeric* b, Numeric* result) {
     const I128 x = load(a), y = load(b);
-    if (either_nan(x, y)) return nan(result);
+    const bool small = are_int64(x, y);
+    if (!small && either_nan(x, y)) return nan(result);
     if (!are_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
     if (a_info->scale == b_info->scale && a_info->scale == result_info->scale) return add(a, b, result);
     const int common = a_info->scale > b_info->scale ? a_info->scale : b_info->scale;
     const int a_up = common - a_info->scale, b_up = common - b_info->scale, places = common - result_info->scale;
-    if (is_int64(x) && is_int64(y) && a_up <= kShortRoad && b_up <= kShortRoad) {
-        const I128 sum = x * power(a_up) + y * power(b_up);
+    if (small && a_up <= kShortRoad && b_up <= kShortRoad) {
+        const I128 sum = multiply_int64(x, power(a_up)) + multiply_int64(y, power(b_up));
         return settle<Dividend::kShort>(result, magnitude(sum), sum < 0, places, result_info->rounding_mode);
     }
     return add_wide(a_up, b_up, places, result_info->rounding_mode, x, y, result);
@@ -86,15 +94,16 @@ NumericStatus rescaling_add(const NumericInfo* a_info, const NumericInfo* b_info
 NumericStatus rescaling_multiply(const NumericInfo* a_info, const NumericInfo* b_info, const NumericInfo* result_info,
                                  const Numeric* a, const Numeric* b, Numeric* result) {
     const I128 x = load(a), y = load(b);
-    if (either_nan(x, y)) return nan(result);
+    const bool small = are_int64(x, y);
+    if (!small && either_nan(x, y)) return nan(result);
     if (!are_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
     const int places = a_info->scale + b_info->scale - result_info->scale;
-    const bool negative = (x < 0) != (y < 0);
-    const U128 p = magnitude(x), q = magnitude(y);
-    if (is_word(p) && is_word(q)) {
-        return settle<Dividend::kAny>(result, U128{low(p)} * low(q), negative, places, result_info->rounding_mode);
+    const std::uint32_t mode = result_info->rounding_mode;
+    if (small) {
+        const I128 product = multiply_int64(x, y);
+        return settle<Dividend::kAny>(result, magnitude(product), product < 0, places, mode);
     }
-    return settle(result, multiply(p, q), negative, places, result_info->rounding_mode);
+    return settle(result, multiply(magnitude(x), magnitude(y)), (x < 0) != (y < 0), places, mode);
 }
 
 NumericStatus divide_wide(U256 dividend, U128 divisor, bool negative, std::uint32_t mode, Numeric* result) {
@@ -136,10 +145,11 @@ std::int32_t rescaling_compare(const NumericInfo* a_info, const NumericInfo* b_i
     if (!is_mode(a_info->rounding_mode) || !is_mode(b_info->rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
     const I128 x = load(a), y = load(b);
     const int up = b_info->scale - a_info->scale;  // of *a; the other way round if negative
-    if (up == 0 || either_nan(x, y)) return (x > y) - (x < y);
+    const bool small = are_int64(x, y);
+    if (up == 0 || (!small && either_nan(x, y))) return (x > y) - (x < y);
     const I128 factor = power(up > 0 ? up : -up);
-    if (up <= kShortRoad && -up <= kShortRoad && is_int64(x) && is_int64(y)) {
-        const I128 p = up > 0 ? x * factor : x, q = up < 0 ? y * factor : y;
+    if (small && up <= kShortRoad && -up <= kShortRoad) {
+        const I128 p = up > 0 ? multiply_int64(x, factor) : x, q = up < 0 ? multiply_int64(y, factor) : y;
         return (p > q) - (p < q);
     }
     if (up <= kWordDigits && -up <= kWordDigits) {
