@@ -104,7 +104,8 @@ extern "C" NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out
         return magnitude == exponent_field(exponent_of_infinity) ? status : NUMERIC_NAN;
     }
     Conversion conversion = convert(take_apart(magnitude), info->scale);
-    const NumericStatus status = round_magnitude(conversion.x, conversion.dropped, negative, info->rounding_mode);
+    const Fraction dropped = fraction_of(conversion.dropped);
+    const NumericStatus status = round_magnitude(conversion.x, dropped, negative, info->rounding_mode);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;
     return narrow(conversion.x, negative, conversion.overflow, status, *out);
 }

@@ -14,7 +14,7 @@ NumericStatus from_integer(int64_t value, const NumericInfo& info, Numeric& out)
         out = exact;
         return NUMERIC_OK;
     }
-    return scale_round_narrow(extend(magnitude_of(exact)), is_negative(exact), info.scale, info.rounding_mode, 0, out);
+    return scale_round_narrow(magnitude_of(exact), is_negative(exact), info.scale, info.rounding_mode, 0, out);
 }
 
 // limb * 10^places modulo 2^32.
@@ -27,15 +27,15 @@ uint32_t scaled_limb(uint32_t lowest, uint64_t places) {
 
 // The magnitude of value * 10^-scale as the interface has it: the lowest limb is that of the result, cut off towards
 // zero; the limbs above it stay those of value. Exact while the value and the result are both below 2^32.
-WordPair rescaled_lowest_limb(const Numeric& value, int64_t scale, Dropped& dropped) {
+WordPair rescaled_lowest_limb(const Numeric& value, int64_t scale, Fraction& dropped) {
     WordPair magnitude = magnitude_of(value);
     uint32_t lowest = 0;
     if (scale < 0) {
         lowest = scaled_limb(static_cast<uint32_t>(magnitude.low), static_cast<uint64_t>(-scale));
     } else {
-        ExtendedNumeric quotient = extend(magnitude);
-        scale_down(quotient, static_cast<uint64_t>(scale), dropped);
-        lowest = limb(quotient, 0);
+        WordPair quotient = magnitude;
+        dropped = scale_down(quotient, static_cast<uint64_t>(scale));
+        lowest = static_cast<uint32_t>(quotient.low);
     }
     magnitude.low = (magnitude.low & ~uint64_t{UINT32_MAX}) | lowest;
     return magnitude;
@@ -54,7 +54,7 @@ NumericStatus to_integer(const Numeric& in, const NumericInfo& info, Integer& ou
     if (is_nan(value)) return NUMERIC_NAN;
     const bool negative = is_negative(value);
     Numeric rescaled = value;
-    Dropped dropped;
+    Fraction dropped = Fraction::nothing;
     if (info.scale != 0) {
         rescaled = from_bits(rescaled_lowest_limb(value, info.scale, dropped));
         if (!is_rounding_mode(info.rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
@@ -65,7 +65,7 @@ NumericStatus to_integer(const Numeric& in, const NumericInfo& info, Integer& ou
         return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
     }
     out = static_cast<Integer>(rescaled.low);
-    return dropped.anything() ? NUMERIC_INEXACT : NUMERIC_OK;
+    return dropped == Fraction::nothing ? NUMERIC_OK : NUMERIC_INEXACT;
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ Significand significand_of(const Scaled& value, unsigned length, int64_t fewer_b
     Dropped dropped = value.dropped;
     const ExtendedNumeric normalized = shift_left(value.x, 256 - length, lost);
     ExtendedNumeric significand = shift_right(normalized, static_cast<uint64_t>(256 - 53 + fewer_bits), dropped);
-    const NumericStatus status = round_magnitude(significand, dropped, negative, mode);
+    const NumericStatus status = round_magnitude(significand, fraction_of(dropped), negative, mode);
     return {significand.word[0], status};
 }
 

@@ -34,10 +34,10 @@ Alignment align(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_s
 
 void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, const long long& b_shift,
                 ExtendedNumeric& a_wide, ExtendedNumeric& b_wide, unsigned& discarded) {
-    Dropped of_a, of_b;
+    Fraction of_a{}, of_b{};
     a_wide = moved_by(a, a_shift, of_a);
     b_wide = moved_by(b, b_shift, of_b);
-    discarded = of_a.code | of_a.sticky | of_b.code | of_b.sticky;
+    discarded = of_a != Fraction::nothing || of_b != Fraction::nothing ? 1 : 0;
 }
 
 NumericStatus postprocess(ExtendedNumeric& x, int adjust, const long long& shift, const unsigned& rounding_mode,

@@ -71,7 +71,7 @@ extern "C" NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info, int3
     dividend.high = (uint64_t{limb(*x, 3)} << 32) | (dividend.high & UINT32_MAX);
 
     Division division = divide(dividend, divisor);
-    const Dropped dropped{remainder_code(division.remainder, divisor), 0};
+    const Fraction dropped = fraction_of(division.remainder, divisor);
     const uint32_t mode = info->rounding_mode;
     const bool valid = is_rounding_mode(mode);
     if (valid && rounds_away(mode, dropped, negative, (division.quotient.low & 1) != 0)) {
@@ -81,5 +81,5 @@ extern "C" NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info, int3
     // The mode is reported only now: with an invalid one the quotient, cut off, is in place all the same.
     *x = with_sign(division.quotient, negative);
     if (!valid) return NUMERIC_INVALID_ARGUMENT;
-    return dropped.anything() ? NUMERIC_INEXACT : NUMERIC_OK;
+    return dropped == Fraction::nothing ? NUMERIC_OK : NUMERIC_INEXACT;
 }

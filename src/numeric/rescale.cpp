@@ -32,7 +32,7 @@ extern "C" NumericStatus QV8NumericRescale(const NumericInfo* from, const Numeri
         // coefficient -2^127, which the sign check refuses for a positive value and lets through for a negative one.
         (void)numeric_truncation_inline(*from, to->scale, from->scale, *dst, to->rounding_mode);
     }
-    Dropped ignored;  // after the rounding only zeros are left to drop, but for the case just named
+    Fraction ignored{};  // after the rounding only zeros are left to drop, but for the case just named
     const ExtendedNumeric moved = moved_by(*dst, places, ignored);
     // The sign is that of the bits, so a negative value that rounds to zero is refused too.
     const Numeric result = from_bits(low_half(moved));

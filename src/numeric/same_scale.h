@@ -3,39 +3,39 @@
 #ifndef QV8NUMERIC_NUMERIC_SAME_SCALE_H
 #define QV8NUMERIC_NUMERIC_SAME_SCALE_H
 
-#include "wide/coefficient.h"
+#include "wide/narrowing.h"
 
 namespace qv8numeric {
 
-// a + b + carry, exact, or NaN and the side on which the sum left the range.
-constexpr NumericStatus add_coefficients(WordPair a, WordPair b, uint64_t carry, Numeric& result) {
-    const uint64_t low = add_with_carry(a.low, b.low, carry);
-    const uint64_t high = add_with_carry(a.high, b.high, carry);
-    const Numeric sum = from_bits({high, low});
-    const uint64_t carry_into_sign = (high ^ a.high ^ b.high) >> 63;
-    // Two negative operands are the only way to carry out of a sum that does not fit. An exact -2^127 is NaN's pattern.
-    if (carry != carry_into_sign || is_nan(sum)) {
-        result = nan_pattern;
-        return carry != 0 ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
-    }
-    result = sum;
+// A sum or difference that has overflowed, or is the NaN pattern, which is -2^127: neither happens but on a's side of
+// zero.
+constexpr NumericStatus settle(const Numeric& a, WordPair exact, uint64_t overflow_sign, Numeric& result) {
+    const Numeric value = from_bits(exact);
+    if (overflow_sign >> 63 != 0 || is_nan(value)) return refuse(is_negative(a), result);
+    result = value;
     return NUMERIC_OK;
 }
 
-constexpr NumericStatus add_same_scale(const Numeric& a, const Numeric& b, Numeric& result) {
-    return add_coefficients(bits_of(a), bits_of(b), 0, result);
+// The sign bit says whether a + b has overflowed: the sum's sign is neither's.
+constexpr uint64_t sign_overflow(WordPair a, WordPair b, WordPair sum) {
+    return (a.high ^ sum.high) & (b.high ^ sum.high);
 }
 
-// a - b = a + ~b + 1. The carry out is 1 exactly when nothing is borrowed, so the sides come out right as they are.
+// a + b, exact, or NaN and the side on which the sum left the range.
+constexpr NumericStatus add_same_scale(const Numeric& a, const Numeric& b, Numeric& result) {
+    const WordPair x = bits_of(a), y = bits_of(b), sum = wrapping_add(x, y);
+    return settle(a, sum, sign_overflow(x, y, sum), result);
+}
+
+// a - b. It has overflowed when the signs differ and a's is lost.
 constexpr NumericStatus subtract_same_scale(const Numeric& a, const Numeric& b, Numeric& result) {
-    return add_coefficients(bits_of(a), WordPair{~static_cast<uint64_t>(b.high), ~b.low}, 1, result);
+    const WordPair x = bits_of(a), y = bits_of(b), difference = wrapping_subtract(x, y);
+    return settle(a, difference, (x.high ^ y.high) & (x.high ^ difference.high), result);
 }
 
 // The sign of b - a: 1 when a is the smaller. Callers rely on this direction. NaN is the smallest pattern.
 constexpr int32_t compare_same_scale(const Numeric& a, const Numeric& b) {
-    if (a.high != b.high) return a.high < b.high ? 1 : -1;
-    if (a.low != b.low) return a.low < b.low ? 1 : -1;
-    return 0;
+    return static_cast<int32_t>(a < b) - static_cast<int32_t>(b < a);
 }
 
 }  // namespace qv8numeric

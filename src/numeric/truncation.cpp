@@ -20,8 +20,7 @@ NumericStatus numeric_truncation_inline(const NumericInfo& info, const int32_t& 
     const NumericStatus status = scale_and_round(magnitude, negative, rounding_scale - info.scale, mode, overflow);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;
 
-    Dropped unrounded;
-    scale_by(magnitude, result_scale - rounding_scale, overflow, unrounded);
+    (void)scale_by(magnitude, result_scale - rounding_scale, overflow);  // not rounded
     return narrow(magnitude, negative, overflow, status, num);
 }
 

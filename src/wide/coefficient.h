@@ -22,19 +22,40 @@ constexpr bool propagates_nan(const Numeric& a, const Numeric& b, Numeric& resul
     return true;
 }
 
+// In the range of an int64: the high half is the sign of the low half, all 64 bits of it. NaN is not.
+constexpr bool fits_int64(const Numeric& value) { return value.high == -static_cast<int64_t>(value.low >> 63); }
+
 // The two halves as an unsigned number, and back: the same 128 bits.
 constexpr WordPair bits_of(const Numeric& value) { return {static_cast<uint64_t>(value.high), value.low}; }
 constexpr Numeric from_bits(WordPair bits) { return {bits.low, static_cast<int64_t>(bits.high)}; }
 
+// As signed numbers, NaN the smallest.
+constexpr bool operator<(const Numeric& a, const Numeric& b) {
+#if QV8NUMERIC_NATIVE_128
+    __extension__ using int128 = __int128;
+    return static_cast<int128>(native(bits_of(a))) < static_cast<int128>(native(bits_of(b)));
+#else
+    return a.high < b.high || (a.high == b.high && a.low < b.low);
+#endif
+}
+
 // |value|, at most 2^127: the magnitude of the NaN pattern is 2^127.
-constexpr WordPair magnitude_of(const Numeric& value) {
-    return is_negative(value) ? wrapping_negate(bits_of(value)) : bits_of(value);
+constexpr WordPair magnitude_of(const Numeric& value) { return negated_if(is_negative(value), bits_of(value)); }
+
+// The same in the width that an operation works in: one word, for values that fit an int64, or two.
+template <class Magnitude>
+constexpr Magnitude magnitude_as(const Numeric& value) {
+    if constexpr (std::is_same_v<Magnitude, uint64_t>) {
+        return negated_if(is_negative(value), value.low);
+    } else {
+        return magnitude_of(value);
+    }
 }
 
 // A magnitude with its sign put back, modulo 2^128.
-constexpr Numeric with_sign(WordPair magnitude, bool negative) {
-    return from_bits(negative ? wrapping_negate(magnitude) : magnitude);
-}
+constexpr Numeric with_sign(WordPair magnitude, bool negative) { return from_bits(negated_if(negative, magnitude)); }
+
+constexpr Numeric with_sign(uint64_t magnitude, bool negative) { return with_sign(WordPair{0, magnitude}, negative); }
 
 // Limb i of four 32-bit limbs, least significant first.
 constexpr uint32_t limb(const Numeric& value, unsigned i) {

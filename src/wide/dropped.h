@@ -41,6 +41,42 @@ constexpr void drop(Dropped& dropped, uint32_t code) {
     dropped.code = code;
 }
 
+// Where the dropped part stands between one multiple of the unit and the next: all that is left to know at the end of a
+// chain, and at once after a single division.
+enum class Fraction : unsigned { nothing, below_half, exactly_half, above_half };
+
+constexpr Fraction fraction_of(const Dropped& dropped) {
+    if (!dropped.anything()) return Fraction::nothing;
+    if (dropped.code < one_half) return Fraction::below_half;
+    return dropped.code == one_half && dropped.sticky == 0 ? Fraction::exactly_half : Fraction::above_half;
+}
+
+// remainder / divisor, by what the remainder lacks to a whole unit: nothing here overflows, and nothing branches.
+constexpr Fraction fraction_of(uint64_t remainder, uint64_t divisor) {
+    const uint64_t lacking = divisor - remainder;
+    return static_cast<Fraction>(one_if(remainder != 0) + one_if(remainder >= lacking) + one_if(remainder > lacking));
+}
+
+constexpr Fraction fraction_of(WordPair remainder, WordPair divisor) {
+    const WordPair lacking = wrapping_subtract(divisor, remainder);
+    return static_cast<Fraction>(one_if(remainder != WordPair{0, 0}) + one_if(remainder >= lacking) +
+                                 one_if(remainder > lacking));
+}
+
+// The fraction or, of anything but nothing, what it lacks to a whole unit; without a branch.
+constexpr Fraction complement_if(bool wanted, Fraction fraction) {
+    const unsigned one = one_if(wanted);  // 1, 2, 3 become 3, 2, 1
+    return static_cast<Fraction>((static_cast<unsigned>(fraction) ^ 3 * one) + one);
+}
+
+// Two moves in a row, seen from the end: what the first one dropped only matters by being there. It tips what the last
+// one dropped off nothing and off one half, when the last divisor is even: a whole remainder then is one half or
+// differs from it by a unit at least.
+constexpr Fraction joined(Fraction first, Fraction last) {
+    if (first == Fraction::nothing) return last;
+    return last == Fraction::nothing || last == Fraction::below_half ? Fraction::below_half : Fraction::above_half;
+}
+
 }  // namespace qv8numeric
 
 #endif

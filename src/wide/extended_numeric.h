@@ -16,6 +16,10 @@ struct ExtendedNumeric {
 
 namespace qv8numeric {
 
+// The width that holds any product of two magnitudes of a width.
+template <class Magnitude>
+using Doubled = std::conditional_t<std::is_same_v<Magnitude, uint64_t>, WordPair, ExtendedNumeric>;
+
 // Limb i of eight, least significant first; taken by a shift, so that the byte order of the machine plays no part.
 constexpr uint32_t limb(const ExtendedNumeric& x, unsigned i) {
     return static_cast<uint32_t>(x.word[i / 2] >> (i % 2 * 32));
@@ -34,14 +38,20 @@ constexpr WordPair high_half(const ExtendedNumeric& x) { return {x.word[3], x.wo
 
 constexpr bool is_zero(const ExtendedNumeric& x) { return (x.word[0] | x.word[1] | x.word[2] | x.word[3]) == 0; }
 constexpr bool is_odd(const ExtendedNumeric& x) { return (x.word[0] & 1) != 0; }
+constexpr Numeric with_sign(const ExtendedNumeric& magnitude, bool negative) {
+    return with_sign(low_half(magnitude), negative);
+}
 constexpr bool is_negative(const ExtendedNumeric& x) { return (x.word[3] >> 63) != 0; }
+
+constexpr ExtendedNumeric join(WordPair high, WordPair low) { return {{low.low, low.high, high.low, high.high}}; }
 
 // a + b modulo 2^256; carry is set to the carry out.
 constexpr ExtendedNumeric add(const ExtendedNumeric& a, const ExtendedNumeric& b, uint64_t& carry) {
-    ExtendedNumeric sum{};
-    carry = 0;
-    for (unsigned i = 0; i < 4; ++i) sum.word[i] = add_with_carry(a.word[i], b.word[i], carry);
-    return sum;
+    const WordPair low = wrapping_add(low_half(a), low_half(b));
+    const WordPair high = wrapping_add(high_half(a), high_half(b));
+    const WordPair carried = increased_by(high, low < low_half(a));
+    carry = one_if(high < high_half(a)) | one_if(carried < high);
+    return join(carried, low);
 }
 
 constexpr ExtendedNumeric add(const ExtendedNumeric& a, const ExtendedNumeric& b) {
@@ -51,31 +61,46 @@ constexpr ExtendedNumeric add(const ExtendedNumeric& a, const ExtendedNumeric& b
 
 // a - b modulo 2^256.
 constexpr ExtendedNumeric subtract(const ExtendedNumeric& a, const ExtendedNumeric& b) {
-    ExtendedNumeric difference{};
-    uint64_t borrow = 0;
-    for (unsigned i = 0; i < 4; ++i) difference.word[i] = subtract_with_borrow(a.word[i], b.word[i], borrow);
-    return difference;
+    const WordPair borrow{0, one_if(low_half(a) < low_half(b))};
+    return join(wrapping_subtract(wrapping_subtract(high_half(a), high_half(b)), borrow),
+                wrapping_subtract(low_half(a), low_half(b)));
 }
 
 constexpr ExtendedNumeric negate(const ExtendedNumeric& x) { return subtract(ExtendedNumeric{}, x); }
-constexpr ExtendedNumeric increment(const ExtendedNumeric& x) { return add(x, ExtendedNumeric{{1, 0, 0, 0}}); }
+constexpr ExtendedNumeric increased_by(const ExtendedNumeric& x, bool one) {
+    return add(x, ExtendedNumeric{{one_if(one), 0, 0, 0}});
+}
+constexpr ExtendedNumeric increment(const ExtendedNumeric& x) { return increased_by(x, true); }
 constexpr ExtendedNumeric decrement(const ExtendedNumeric& x) { return subtract(x, ExtendedNumeric{{1, 0, 0, 0}}); }
 
-// a * b, exactly: schoolbook over words. Every inner sum is a product, a word and a carry word, below 2^128.
+constexpr ExtendedNumeric negated_if(bool negative, const ExtendedNumeric& x) {
+    const uint64_t mask = wrapping_negate(one_if(negative));
+    const ExtendedNumeric flipped{{x.word[0] ^ mask, x.word[1] ^ mask, x.word[2] ^ mask, x.word[3] ^ mask}};
+    return increased_by(flipped, negative);
+}
+
+// a * b, exactly, by a word and by two.
+constexpr ExtendedNumeric multiply(WordPair a, uint64_t b) {
+    const WordPair low = multiply_words(a.low, b);
+    const WordPair high = multiply_add(a.high, b, low.high);
+    return {{low.low, high.low, high.high, 0}};
+}
+
 constexpr ExtendedNumeric multiply(WordPair a, WordPair b) {
-    const uint64_t left[2] = {a.low, a.high}, right[2] = {b.low, b.high};
-    ExtendedNumeric product{};
-    for (unsigned i = 0; i < 2; ++i) {
-        uint64_t carry = 0;
-        for (unsigned j = 0; j < 2; ++j) {
-            const WordPair column =
-                wrapping_add(multiply_add(left[i], right[j], carry), WordPair{0, product.word[i + j]});
-            product.word[i + j] = column.low;
-            carry = column.high;
-        }
-        product.word[i + 2] = carry;
-    }
-    return product;
+    const ExtendedNumeric low = multiply(a, b.low);
+    const WordPair third = multiply_add(a.low, b.high, low.word[1]);
+    const WordPair fourth = multiply_add(a.high, b.high, low.word[2], third.high);
+    return {{low.word[0], third.low, fourth.low, fourth.high}};
+}
+
+// x * factor modulo 2^256; overflow becomes nonzero when anything left the top.
+constexpr void multiply_by(ExtendedNumeric& x, uint64_t factor, unsigned& overflow) {
+    const WordPair first = multiply_words(x.word[0], factor);
+    const WordPair second = multiply_add(x.word[1], factor, first.high);
+    const WordPair third = multiply_add(x.word[2], factor, second.high);
+    const WordPair fourth = multiply_add(x.word[3], factor, third.high);
+    x = {{first.low, second.low, third.low, fourth.low}};
+    overflow |= one_if(fourth.high != 0);
 }
 
 // The number of bits up to the highest one that is set; 0 for zero.

@@ -28,7 +28,7 @@ static_assert(reciprocal_seed[0] == 0x7fd && reciprocal_seed[255] == 0x400);
 
 // The reciprocal of one normalized word: Newton's iteration from 11 to 21, 34 and 65 bits, then made exact
 // (algorithm 2).
-constexpr uint64_t reciprocal_of(uint64_t d) {
+constexpr uint64_t reciprocal_by_newton(uint64_t d) {
     const uint64_t d40 = (d >> 24) + 1;
     const uint64_t d63 = (d >> 1) + (d & 1);
     const uint64_t v0 = reciprocal_seed[static_cast<std::size_t>((d >> 55) - 256)];
@@ -36,26 +36,31 @@ constexpr uint64_t reciprocal_of(uint64_t d) {
     const uint64_t v2 = (v1 << 13) + (v1 * ((uint64_t{1} << 60) - v1 * d40) >> 47);
     const uint64_t error = wrapping_subtract((d & 1) != 0 ? v2 >> 1 : 0, wrapping_multiply(v2, d63));
     const uint64_t v3 = wrapping_add(v2 << 31, multiply_words(v2, error).high >> 1);
-    const WordPair product = wrapping_add(multiply_add(v3, d, d), WordPair{d, 0});
+    const WordPair product = wrapping_add(multiply_words(v3, d), WordPair{d, d});
     return wrapping_subtract(v3, product.high);
 }
-static_assert(reciprocal_of(uint64_t{1} << 63) == UINT64_MAX);
-static_assert(reciprocal_of(UINT64_MAX) == 1);
+static_assert(reciprocal_by_newton(uint64_t{1} << 63) == UINT64_MAX);
+static_assert(reciprocal_by_newton(UINT64_MAX) == 1);
 
-struct WordQuotient {
-    uint64_t quotient;
-    uint64_t remainder;
-};
+// The same, from the processor where it has it: B^2 - 1 - d * B is (B - 1 - d) * B + B - 1.
+constexpr uint64_t reciprocal_of(uint64_t d) {
+#if QV8NUMERIC_NATIVE_DIVISION
+    if (!std::is_constant_evaluated()) return divide_natively({~d, UINT64_MAX}, d).quotient;
+#endif
+    return reciprocal_by_newton(d);
+}
+
+// All ones where the condition holds: for corrections that are made as often as not, and would be mispredicted.
+constexpr uint64_t mask_if(bool condition) { return wrapping_negate(one_if(condition)); }
 
 // u / d for u < d * B: two words by one (algorithm 4).
 constexpr WordQuotient divide_2by1(WordPair u, uint64_t d, uint64_t reciprocal) {
     const WordPair estimate = wrapping_add(multiply_words(reciprocal, u.high), u);
     uint64_t quotient = wrapping_add(estimate.high, 1);
     uint64_t remainder = wrapping_subtract(u.low, wrapping_multiply(quotient, d));
-    if (remainder > estimate.low) {
-        quotient = wrapping_subtract(quotient, 1);
-        remainder = wrapping_add(remainder, d);
-    }
+    const uint64_t one_less = mask_if(remainder > estimate.low);
+    quotient = wrapping_add(quotient, one_less);
+    remainder = wrapping_add(remainder, d & one_less);
     if (remainder >= d) {  // rare
         ++quotient;
         remainder -= d;
@@ -67,21 +72,16 @@ constexpr WordQuotient divide_2by1(WordPair u, uint64_t d, uint64_t reciprocal) 
 constexpr uint64_t reciprocal_of(WordPair d) {
     uint64_t reciprocal = reciprocal_of(d.high);
     uint64_t product = wrapping_add(wrapping_multiply(d.high, reciprocal), d.low);
-    if (product < d.low) {
-        --reciprocal;
-        if (product >= d.high) {
-            --reciprocal;
-            product -= d.high;
-        }
-        product = wrapping_subtract(product, d.high);
-    }
+    const uint64_t carried = mask_if(product < d.low);
+    const uint64_t twice = carried & mask_if(product >= d.high);
+    reciprocal = wrapping_add(reciprocal, wrapping_add(carried, twice));
+    product = wrapping_subtract(product, wrapping_add(d.high & carried, d.high & twice));
+
     const WordPair cross = multiply_words(reciprocal, d.low);
     product = wrapping_add(product, cross.high);
-    if (product < cross.high) {
-        --reciprocal;
-        if (WordPair{product, cross.low} >= d) --reciprocal;
-    }
-    return reciprocal;
+    const uint64_t above = mask_if(product < cross.high);
+    const uint64_t far_above = above & mask_if(WordPair{product, cross.low} >= d);
+    return wrapping_add(reciprocal, wrapping_add(above, far_above));
 }
 
 struct PairQuotient {
@@ -96,10 +96,9 @@ constexpr PairQuotient divide_3by2(WordPair u, uint64_t low, WordPair d, uint64_
     const uint64_t high = wrapping_subtract(u.low, wrapping_multiply(estimate.high, d.high));
     const WordPair partial = wrapping_subtract(WordPair{high, low}, multiply_words(d.low, estimate.high));
     WordPair remainder = wrapping_subtract(partial, d);
-    if (remainder.high >= estimate.low) {
-        quotient = wrapping_subtract(quotient, 1);
-        remainder = wrapping_add(remainder, d);
-    }
+    const uint64_t one_less = mask_if(remainder.high >= estimate.low);
+    quotient = wrapping_add(quotient, one_less);
+    remainder = wrapping_add(remainder, WordPair{d.high & one_less, d.low & one_less});
     if (remainder >= d) {  // rare
         ++quotient;
         remainder = wrapping_subtract(remainder, d);

@@ -83,6 +83,7 @@ TEST(ExtendedNumeric, HasTwoHalves) {
     const ExtendedNumeric x{{1, 2, 3, 4}};
     EXPECT_EQ(low_half(x), (WordPair{2, 1}));
     EXPECT_EQ(high_half(x), (WordPair{4, 3}));
+    EXPECT_EQ(join({4, 3}, {2, 1}), x);
 }
 
 TEST(ExtendedNumeric, IsZeroOddOrNegativeByItsBits) {
@@ -118,6 +119,17 @@ TEST(ExtendedNumeric, NegatesAndStepsModulo2To256) {
         EXPECT_EQ(negate(x), wide(-integer(x))) << x;
         EXPECT_EQ(increment(x), wide(integer(x) + 1)) << x;
         EXPECT_EQ(decrement(x), wide(integer(x) - 1)) << x;
+        EXPECT_EQ(increased_by(x, false), x);
+        EXPECT_EQ(increased_by(x, true), wide(integer(x) + 1)) << x;
+        EXPECT_EQ(negated_if(false, x), x);
+        EXPECT_EQ(negated_if(true, x), wide(-integer(x))) << x;
+    }
+}
+
+TEST(ExtendedNumeric, SignIsPutBackOnTheLowHalf) {
+    for (const ExtendedNumeric& x : edges()) {
+        EXPECT_EQ(with_sign(x, false), from_bits(pair(integer(x)))) << x;
+        EXPECT_EQ(with_sign(x, true), from_bits(pair(-integer(x)))) << x;
     }
 }
 
@@ -126,10 +138,27 @@ TEST(ExtendedNumeric, HoldsEveryProductOfTwoHalves) {
         for (const WordPair& left : {low_half(a), high_half(a)}) {
             const WordPair right = low_half(b);
             EXPECT_EQ(integer(multiply(left, right)), integer(left) * integer(right)) << left << " * " << right;
+            EXPECT_EQ(integer(multiply(left, right.low)), integer(left) * right.low) << left << " * " << right.low;
         }
     });
     constexpr WordPair largest{UINT64_MAX, UINT64_MAX};
     EXPECT_EQ(multiply(largest, largest), wide((two_to(128) - 1) * (two_to(128) - 1)));
+}
+
+TEST(ExtendedNumeric, IsMultipliedByAWordModulo2To256) {
+    for_every_two_values([](const ExtendedNumeric& a, const ExtendedNumeric& b) {
+        const uint64_t factor = b.word[0];
+        const Integer exact = integer(a) * factor;
+        ExtendedNumeric product = a;
+        unsigned overflow = 0;
+        multiply_by(product, factor, overflow);
+        EXPECT_EQ(product, wide(exact)) << a << " * " << factor;
+        EXPECT_EQ(overflow != 0, exact >= two_to(256)) << a << " * " << factor;
+    });
+    ExtendedNumeric one{{1, 0, 0, 0}};
+    unsigned overflow = 0x40;
+    multiply_by(one, UINT64_MAX, overflow);
+    EXPECT_EQ(overflow, 0x40U) << "what was there stays";
 }
 
 TEST(ExtendedNumeric, BitLengthAtEveryPowerOfTwo) {
@@ -141,12 +170,13 @@ TEST(ExtendedNumeric, BitLengthAtEveryPowerOfTwo) {
 }
 
 static_assert(sizeof(ExtendedNumeric) == 32);
+static_assert(std::is_same_v<Doubled<uint64_t>, WordPair> && std::is_same_v<Doubled<WordPair>, ExtendedNumeric>);
 static_assert(limb(sign_extend(Numeric{0, -1}), 7) == UINT32_MAX && limb(extend({1, 0}), 2) == 1);
 static_assert(is_zero(add(ExtendedNumeric{{1, 0, 0, 0}}, negate(ExtendedNumeric{{1, 0, 0, 0}}))));
 static_assert(is_zero(increment(decrement(ExtendedNumeric{}))) && is_negative(decrement(ExtendedNumeric{})));
 static_assert(is_odd(subtract(ExtendedNumeric{}, ExtendedNumeric{{1, 0, 0, 0}})));
-static_assert(high_half(multiply({1, 0}, {1, 0})) == WordPair{0, 1});
-static_assert(low_half(multiply({0, 2}, {0, 3})) == WordPair{0, 6});
+static_assert(high_half(multiply(WordPair{1, 0}, WordPair{1, 0})) == WordPair{0, 1});
+static_assert(low_half(multiply(WordPair{0, 2}, WordPair{0, 3})) == WordPair{0, 6});
 static_assert(bit_length(ExtendedNumeric{{0, 0, 1, 0}}) == 129);
 
 }  // namespace

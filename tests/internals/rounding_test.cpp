@@ -4,9 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <string>
 
-#include "wide_values.h"
+#include "widths.h"
 
 namespace qv8numeric_tests {
 namespace {
@@ -83,7 +84,7 @@ TEST(Rounding, DecisionOfEveryModeForEverySignParityAndFraction) {
             std::string decisions;
             for (const bool negative : {false, true}) {
                 for (const bool odd : {false, true}) {
-                    decisions += rounds_away(mode.mode, row.dropped, negative, odd) ? '+' : '.';
+                    decisions += rounds_away(mode.mode, fraction_of(row.dropped), negative, odd) ? '+' : '.';
                 }
             }
             EXPECT_EQ(decisions, increased(mode, row.fraction));
@@ -91,7 +92,25 @@ TEST(Rounding, DecisionOfEveryModeForEverySignParityAndFraction) {
     }
 }
 
-TEST(Rounding, MagnitudeFollowsTheDecision) {
+TEST(Rounding, PackedTableHoldsTheSameDecisionsAndNoMore) {
+    ASSERT_EQ(increased_by_mode.size(), std::size(kModeRows));
+    for (const ModeRow& mode : kModeRows) {
+        SCOPED_TRACE(mode_name(mode.mode));
+        unsigned packed = 0;
+        for (const auto fraction :
+             {Fraction::above_half, Fraction::exactly_half, Fraction::below_half, Fraction::nothing}) {
+            for (int kept = 3; kept >= 0; --kept)
+                packed = packed << 1 | unsigned{increased(mode, fraction)[kept] == '+'};
+        }
+        EXPECT_EQ(unsigned{increased_by_mode[mode.mode]}, packed);
+    }
+}
+
+template <class Magnitude>
+class RoundMagnitude : public testing::Test {};
+TYPED_TEST_SUITE(RoundMagnitude, Widths, WidthNames);
+
+TYPED_TEST(RoundMagnitude, FollowsTheDecision) {
     for (const ModeRow& mode : kModeRows) {
         SCOPED_TRACE(mode_name(mode.mode));
         for (const DroppedRow& row : kDroppedRows) {
@@ -100,9 +119,10 @@ TEST(Rounding, MagnitudeFollowsTheDecision) {
             KeptMagnitudes expected = increased(mode, row.fraction);
             for (const bool negative : {false, true}) {
                 for (const uint64_t kept : {UINT64_C(4), UINT64_C(7)}) {
-                    ExtendedNumeric magnitude{{kept, 0, 0, 0}};
-                    EXPECT_EQ(round_magnitude(magnitude, row.dropped, negative, mode.mode), expected_status);
-                    EXPECT_EQ(magnitude, (ExtendedNumeric{{*expected == '+' ? kept + 1 : kept, 0, 0, 0}}));
+                    auto magnitude = in_width<TypeParam>(kept);
+                    EXPECT_EQ(round_magnitude(magnitude, fraction_of(row.dropped), negative, mode.mode),
+                              expected_status);
+                    EXPECT_EQ(magnitude, in_width<TypeParam>(*expected == '+' ? kept + 1 : kept));
                     ++expected;
                 }
             }
@@ -117,6 +137,7 @@ struct CarryRow {
 
 constexpr CarryRow kCarryRows[] = {
     {"no carry out of a limb's worth of bits", 32},
+    {"into the top bit of a word", 63},
     {"into word 1", 64},
     {"into limb 3", 96},
     {"to 2^127, out of the range", 127},
@@ -125,24 +146,25 @@ constexpr CarryRow kCarryRows[] = {
     {"into the top bit", 255},
 };
 
-TEST(Rounding, IncrementCarriesAcrossWords) {
+TYPED_TEST(RoundMagnitude, IncrementCarriesAcrossWords) {
     for (const CarryRow& row : kCarryRows) {
+        if (row.bits >= kBits<TypeParam>) continue;
         SCOPED_TRACE(row.name);
-        ExtendedNumeric magnitude = wide(two_to(row.bits) - 1);
-        EXPECT_EQ(round_magnitude(magnitude, {1, 0}, false, NUMERIC_ROUND_UP), NUMERIC_INEXACT);
-        EXPECT_EQ(magnitude, wide(two_to(row.bits)));
+        auto magnitude = in_width<TypeParam>(two_to(row.bits) - 1);
+        EXPECT_EQ(round_magnitude(magnitude, Fraction::below_half, false, NUMERIC_ROUND_UP), NUMERIC_INEXACT);
+        EXPECT_EQ(magnitude, in_width<TypeParam>(two_to(row.bits)));
     }
 }
 
-TEST(Rounding, ModesThatAreNoneTouchNothing) {
-    const ExtendedNumeric before = wide(two_to(200) + 1);
+TYPED_TEST(RoundMagnitude, ModesThatAreNoneTouchNothing) {
+    const auto before = in_width<TypeParam>(two_to(kBits<TypeParam> - 5) + 1);
     for (const uint32_t mode : {7U, 8U, 14U, 255U, 256U, 0x80000000U, UINT32_MAX}) {
         SCOPED_TRACE(mode);
         EXPECT_FALSE(is_rounding_mode(mode));
         for (const DroppedRow& row : kDroppedRows) {
             SCOPED_TRACE(row.name);
-            ExtendedNumeric magnitude = before;
-            EXPECT_EQ(round_magnitude(magnitude, row.dropped, false, mode), NUMERIC_INVALID_ARGUMENT);
+            auto magnitude = before;
+            EXPECT_EQ(round_magnitude(magnitude, row.fraction, false, mode), NUMERIC_INVALID_ARGUMENT);
             EXPECT_EQ(magnitude, before);
         }
     }
@@ -170,12 +192,13 @@ TEST(Rounding, ThreeDescriptorsAreAllLookedAt) {
 }
 
 static_assert(is_rounding_mode(6) && !is_rounding_mode(7) && !are_rounding_modes({0, 0}, {0, 7}, {0, 0}));
-static_assert(fraction_of({one_half, 0}) == Fraction::exactly_half);
-static_assert(rounds_away(NUMERIC_ROUND_HALF_EVEN, {one_half, 0}, false, true));
-static_assert(!rounds_away(NUMERIC_ROUND_HALF_EVEN, {one_half, 0}, false, false));
+static_assert(fraction_of(Dropped{one_half, 0}) == Fraction::exactly_half);
+static_assert(rounds_away(NUMERIC_ROUND_HALF_EVEN, Fraction::exactly_half, false, true));
+static_assert(!rounds_away(NUMERIC_ROUND_HALF_EVEN, Fraction::exactly_half, false, false));
 static_assert([] {
     ExtendedNumeric magnitude{{UINT64_MAX, 0, 0, 0}};
-    const NumericStatus status = round_magnitude(magnitude, {one_half, 1}, true, NUMERIC_ROUND_HALF_DOWN);
+    const NumericStatus status =
+        round_magnitude(magnitude, fraction_of(Dropped{one_half, 1}), true, NUMERIC_ROUND_HALF_DOWN);
     return status == NUMERIC_INEXACT && magnitude.word[0] == 0 && magnitude.word[1] == 1;
 }());
 

@@ -11,6 +11,7 @@
 #include <random>
 
 #include "values.h"
+#include "wide/dropped.h"
 #include "wide/extended_numeric.h"
 
 inline bool operator==(const ExtendedNumeric& a, const ExtendedNumeric& b) {
@@ -24,6 +25,8 @@ using Integer = boost::multiprecision::number<boost::multiprecision::cpp_int_bac
 
 inline Integer power(unsigned base, unsigned exponent) { return pow(Integer{base}, exponent); }
 inline Integer two_to(unsigned exponent) { return Integer{1} << exponent; }
+
+inline Integer integer(std::uint64_t word) { return word; }
 
 inline Integer integer(const qv8numeric::WordPair& pair) { return (Integer{pair.high} << 64) + pair.low; }
 
@@ -55,6 +58,14 @@ inline qv8numeric::WordPair pair(const Integer& value) {
 inline ExtendedNumeric wide(const Integer& value) {
     const Integer bits = modulo(value, two_to(256));
     return {{word_of(bits, 0), word_of(bits, 1), word_of(bits, 2), word_of(bits, 3)}};
+}
+
+// Where remainder / divisor stands, for 0 <= remainder < divisor.
+inline qv8numeric::Fraction exact_fraction(const Integer& remainder, const Integer& divisor) {
+    using enum qv8numeric::Fraction;
+    if (remainder == 0) return nothing;
+    if (2 * remainder == divisor) return exactly_half;
+    return 2 * remainder < divisor ? below_half : above_half;
 }
 
 // Put into an output before a call, so that an output left unwritten is seen.
@@ -103,6 +114,12 @@ namespace qv8numeric {
 
 inline std::ostream& operator<<(std::ostream& out, const WordPair& pair) {
     return out << qv8numeric_tests::integer(pair);
+}
+
+inline std::ostream& operator<<(std::ostream& out, Fraction fraction) {
+    constexpr const char* names[] = {"nothing", "below half", "exactly half", "above half"};
+    const auto index = static_cast<unsigned>(fraction);
+    return index < std::size(names) ? out << names[index] : out << "no fraction: " << index;
 }
 
 }  // namespace qv8numeric
