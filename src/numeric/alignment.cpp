@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "numeric/alignment.h"
 
+#include "numeric/truncation.h"
 #include "wide/narrowing.h"
 #include "wide/scaling.h"
 
@@ -38,6 +39,18 @@ void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, co
     a_wide = moved_by(a, a_shift, of_a);
     b_wide = moved_by(b, b_shift, of_b);
     discarded = of_a != Fraction::nothing || of_b != Fraction::nothing ? 1 : 0;
+}
+
+AlignedOperands aligned(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_scale) {
+    const Alignment alignment = align(a, a_scale, b, b_scale);
+    AlignedOperands operands{};
+    unsigned discarded = 0;
+    preprocess(a, alignment.a_shift, b, alignment.b_shift, operands.a, operands.b, discarded);
+    // Only an operand that was divided can have lost anything, and at most one was.
+    operands.a_truncated = truncated_sign(a, discarded != 0 && alignment.a_shift < 0);
+    operands.b_truncated = truncated_sign(b, discarded != 0 && alignment.b_shift < 0);
+    operands.scale = alignment.common_scale;
+    return operands;
 }
 
 NumericStatus postprocess(ExtendedNumeric& x, int adjust, const long long& shift, const unsigned& rounding_mode,

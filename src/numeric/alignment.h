@@ -24,6 +24,17 @@ Alignment align(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_s
 void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, const long long& b_shift,
                 ExtendedNumeric& a_wide, ExtendedNumeric& b_wide, unsigned& discarded);
 
+// Both operands at one scale in 256 bits, with the sign of what each has lost on the way: -1, 0 or 1.
+struct AlignedOperands {
+    ExtendedNumeric a;
+    ExtendedNumeric b;
+    int32_t a_truncated;
+    int32_t b_truncated;
+    int64_t scale;
+};
+
+AlignedOperands aligned(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_scale);
+
 // Moves x, in two's complement, by shift places, rounds it once and stores it. adjust is the sign of what was dropped
 // before x was formed: one unit of x in that direction stands for it, which makes the result inexact. A magnitude of
 // 2^127 or more makes overflow nonzero; then result holds its low 128 bits, for the caller to replace. x is scratch.

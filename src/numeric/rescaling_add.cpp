@@ -1,58 +1,41 @@
 // SPDX-License-Identifier: MIT
-// Add, subtract and compare for two values of different scales.
+// Add and subtract for two values of different scales.
+#include <algorithm>
+
 #include "numeric/alignment.h"
 #include "numeric/same_scale.h"
-#include "numeric/truncation.h"
 #include "wide/narrowing.h"
 
 namespace qv8numeric {
 namespace {
 
-// Both operands at one scale in 256 bits, with the sign of what each has lost on the way: -1, 0 or 1.
-struct AlignedOperands {
-    ExtendedNumeric a;
-    ExtendedNumeric b;
-    int32_t a_truncated;
-    int32_t b_truncated;
-    int64_t scale;
-};
-
-AlignedOperands aligned(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_scale) {
-    const Alignment alignment = align(a, a_scale, b, b_scale);
-    AlignedOperands operands{};
-    unsigned discarded = 0;
-    preprocess(a, alignment.a_shift, b, alignment.b_shift, operands.a, operands.b, discarded);
-    // Only an operand that was divided can have lost anything, and at most one was.
-    operands.a_truncated = truncated_sign(a, discarded != 0 && alignment.a_shift < 0);
-    operands.b_truncated = truncated_sign(b, discarded != 0 && alignment.b_shift < 0);
-    operands.scale = alignment.common_scale;
-    return operands;
-}
-
-// What add and subtract differ in.
+// What add and subtract differ in. On the short roads b of a subtraction is added as -b; in 256 bits it is not negated,
+// because the guard digits of an operand go by its upper half.
 struct Sum {
+    static Numeric addend(const Numeric& b) { return b; }
     static NumericStatus same_scale(const Numeric& a, const Numeric& b, Numeric& result) {
         return add_same_scale(a, b, result);
     }
+    static WordPair combine(WordPair a, WordPair b) { return wrapping_add(a, b); }
     static ExtendedNumeric combine(const ExtendedNumeric& a, const ExtendedNumeric& b) { return add(a, b); }
     static int32_t truncated(const AlignedOperands& operands) { return operands.a_truncated + operands.b_truncated; }
 };
 
 struct Difference {
+    static Numeric addend(const Numeric& b) { return from_bits(wrapping_negate(bits_of(b))); }
     static NumericStatus same_scale(const Numeric& a, const Numeric& b, Numeric& result) {
         return subtract_same_scale(a, b, result);
     }
+    static WordPair combine(WordPair a, WordPair b) { return wrapping_subtract(a, b); }
     static ExtendedNumeric combine(const ExtendedNumeric& a, const ExtendedNumeric& b) { return subtract(a, b); }
     static int32_t truncated(const AlignedOperands& operands) { return operands.a_truncated - operands.b_truncated; }
 };
 
+// The general road: 256 bits, with what was cut off an operand far away.
 template <class Operation>
-NumericStatus rescaling(const NumericInfo& a_info, const NumericInfo& b_info, const NumericInfo& result_info,
-                        const Numeric& a, const Numeric& b, Numeric& result) {
-    if (propagates_nan(a, b, result)) return NUMERIC_NAN;
-    if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
-    if (a_info.scale == b_info.scale && a_info.scale == result_info.scale) return Operation::same_scale(a, b, result);
-
+QV8NUMERIC_ASIDE NumericStatus combine_far(const NumericInfo& a_info, const NumericInfo& b_info,
+                                           const NumericInfo& result_info, const Numeric& a, const Numeric& b,
+                                           Numeric& result) {
     const AlignedOperands operands = aligned(a, a_info.scale, b, b_info.scale);
     ExtendedNumeric combined = Operation::combine(operands.a, operands.b);
     const bool negative = is_negative(combined);
@@ -63,6 +46,81 @@ NumericStatus rescaling(const NumericInfo& a_info, const NumericInfo& b_info, co
     return overflow != 0 ? refuse(negative, result) : status;
 }
 
+// Both operands in two's complement at the scale of the one with more places, as far as nothing leaves the top there:
+// for two int64 in two words, 2^63 * (10^19 + 1) being below 2^127, and for any two in four.
+template <class Operation, class Words>
+QV8NUMERIC_ASIDE NumericStatus combine_exactly(const NumericInfo& a_info, const NumericInfo& b_info,
+                                               const NumericInfo& result_info, const Numeric& a, const Numeric& b,
+                                               Numeric& result) {
+    constexpr bool in_two_words = std::is_same_v<Words, WordPair>;
+    const int64_t scale = std::max(a_info.scale, b_info.scale);
+    const auto a_digits = static_cast<uint64_t>(scale - a_info.scale);
+    const auto b_digits = static_cast<uint64_t>(scale - b_info.scale);
+    if (std::max(a_digits, b_digits) > (in_two_words ? word_digits : pair_digits)) {
+        if constexpr (in_two_words) {
+            return combine_exactly<Operation, ExtendedNumeric>(a_info, b_info, result_info, a, b, result);
+        } else {
+            return combine_far<Operation>(a_info, b_info, result_info, a, b, result);
+        }
+    }
+    const Words combined = Operation::combine(moved_up<Words>(a, a_digits), moved_up<Words>(b, b_digits));
+    const bool negative = is_negative(combined);
+    const int64_t shift = result_info.scale - scale;
+    return finish(negated_if(negative, combined), negative, shift, result_info.rounding_mode, result);
+}
+
+// kept + other / 10^digits, where kept is at the result's scale: nothing but the other one has to be moved. Rounded
+// down, towards minus infinity, it adds to kept as an integer, and the fraction it lost lies above that sum, whatever
+// the signs.
+template <class Magnitude>
+QV8NUMERIC_INLINE NumericStatus add_to_kept(const Numeric& kept, Magnitude other, bool other_negative, uint64_t digits,
+                                            uint32_t mode, Numeric& result) {
+    const Fraction dropped = scale_down(other, digits);
+    const bool borrows = both(other_negative, dropped != Fraction::nothing);
+    const Numeric addend = with_sign(increased_by(other, borrows), other_negative);
+    const WordPair sum = wrapping_add(bits_of(kept), bits_of(addend));
+    const bool raised = rounds_up(mode, complement_if(borrows, dropped), is_negative(sum), is_odd(sum));
+    const NumericStatus status =
+        settle(kept, increased_by(sum, raised), sign_overflow(bits_of(kept), bits_of(addend), sum), result);
+    return status == NUMERIC_OK && dropped != Fraction::nothing ? NUMERIC_INEXACT : status;
+}
+
+// For operands that fit Magnitude and are not NaN.
+template <class Operation, class Magnitude>
+QV8NUMERIC_INLINE NumericStatus combine(const NumericInfo& a_info, const NumericInfo& b_info,
+                                        const NumericInfo& result_info, const Numeric& a, const Numeric& b,
+                                        Numeric& result) {
+    if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
+    const auto a_places = static_cast<uint64_t>(int64_t{a_info.scale} - result_info.scale);
+    const auto b_places = static_cast<uint64_t>(int64_t{b_info.scale} - result_info.scale);
+    if ((a_places | b_places) == 0) return Operation::same_scale(a, b, result);
+    if (a_places == 0 && b_places <= pair_digits) {
+        const bool negative = is_negative(Operation::addend(b));
+        return add_to_kept(a, magnitude_as<Magnitude>(b), negative, b_places, result_info.rounding_mode, result);
+    }
+    if (b_places == 0 && a_places <= pair_digits) {
+        const Numeric kept = Operation::addend(b);
+        return add_to_kept(kept, magnitude_as<Magnitude>(a), is_negative(a), a_places, result_info.rounding_mode,
+                           result);
+    }
+    return combine_exactly<Operation, Doubled<Magnitude>>(a_info, b_info, result_info, a, b, result);
+}
+
+template <class Operation>
+QV8NUMERIC_ASIDE NumericStatus combine_pairs(const NumericInfo& a_info, const NumericInfo& b_info,
+                                             const NumericInfo& result_info, const Numeric& a, const Numeric& b,
+                                             Numeric& result) {
+    if (propagates_nan(a, b, result)) return NUMERIC_NAN;
+    return combine<Operation, WordPair>(a_info, b_info, result_info, a, b, result);
+}
+
+template <class Operation>
+NumericStatus combine(const NumericInfo& a_info, const NumericInfo& b_info, const NumericInfo& result_info,
+                      const Numeric& a, const Numeric& b, Numeric& result) {
+    if (!fits_int64(a) || !fits_int64(b)) return combine_pairs<Operation>(a_info, b_info, result_info, a, b, result);
+    return combine<Operation, uint64_t>(a_info, b_info, result_info, a, b, result);
+}
+
 }  // namespace
 }  // namespace qv8numeric
 
@@ -71,29 +129,11 @@ using namespace qv8numeric;
 extern "C" NumericStatus QV8NumericRescalingAdd(const NumericInfo* a_info, const NumericInfo* b_info,
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
-    return rescaling<Sum>(*a_info, *b_info, *result_info, *a, *b, *result);
+    return combine<Sum>(*a_info, *b_info, *result_info, *a, *b, *result);
 }
 
 extern "C" NumericStatus QV8NumericRescalingSub(const NumericInfo* a_info, const NumericInfo* b_info,
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
-    return rescaling<Difference>(*a_info, *b_info, *result_info, *a, *b, *result);
-}
-
-// The sign of b - a, as for one scale: 1 when a is the smaller.
-extern "C" int32_t QV8NumericRescalingCmp(const NumericInfo* a_info, const NumericInfo* b_info, const Numeric* a,
-                                          const Numeric* b) noexcept {
-    // No digit is rounded here, but an invalid mode is refused, before NaN is looked for.
-    if (!is_rounding_mode(a_info->rounding_mode) || !is_rounding_mode(b_info->rounding_mode)) {
-        return NUMERIC_INVALID_ARGUMENT;
-    }
-    if (a_info->scale == b_info->scale) return compare_same_scale(*a, *b);
-    // NaN is below every number. Of two at different scales the first counts as the smaller.
-    if (is_nan(*a)) return 1;
-    if (is_nan(*b)) return -1;
-
-    const AlignedOperands operands = aligned(*a, a_info->scale, *b, b_info->scale);
-    const ExtendedNumeric difference = subtract(operands.a, operands.b);
-    if (!is_zero(difference)) return is_negative(difference) ? 1 : -1;
-    return operands.b_truncated - operands.a_truncated;
+    return combine<Difference>(*a_info, *b_info, *result_info, *a, *b, *result);
 }

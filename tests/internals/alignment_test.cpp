@@ -12,6 +12,8 @@ namespace qv8numeric_tests {
 namespace {
 
 using qv8numeric::align;
+using qv8numeric::aligned;
+using qv8numeric::AlignedOperands;
 using qv8numeric::Alignment;
 using qv8numeric::from_bits;
 using qv8numeric::postprocess;
@@ -213,6 +215,76 @@ TEST(Preprocess, EveryShiftUpToTheCap) {
             const Integer unit = power(10, places);
             expect_operand(value, places, coefficient * unit, false);
             expect_operand(value, -static_cast<long long>(places), coefficient / unit, coefficient % unit != 0);
+        }
+        if (HasFailure()) return;
+    }
+}
+
+// ---- Both together ----
+
+struct AlignedRow {
+    const char* name;
+    const char* a;
+    std::int32_t a_scale;
+    const char* b;
+    std::int32_t b_scale;
+    Integer a_moved;
+    Integer b_moved;
+    std::int32_t a_truncated;
+    std::int32_t b_truncated;
+    std::int64_t scale;
+};
+
+TEST(Aligned, NamedRows) {
+    const Integer largest = two_to(127) - 1;
+    const AlignedRow rows[] = {
+        {"one scale", "5", 2, "-7", 2, 5, -7, 0, 0, 2},
+        {"a is moved", "-5", 0, "7", 2, -500, 7, 0, 0, 2},
+        {"b is moved", "5", 2, "-7", 0, 5, -700, 0, 0, 2},
+        {"a is moved as far as is exact", "2^127-1", 0, "1", 38, largest * power(10, 38), 1, 0, 0, 38},
+        {"a far below loses a digit", "19", 49, "1", 0, 1, power(10, 48), 1, 0, 48},
+        {"a far below loses a digit, negative", "-19", 49, "1", 0, -1, power(10, 48), -1, 0, 48},
+        {"b far below loses a digit", "-1", 0, "19", 49, -power(10, 48), 1, 0, 1, 48},
+        {"b far below loses a digit, negative", "-1", 0, "-19", 49, -power(10, 48), -1, 0, -1, 48},
+        {"a far below is lost, but for its sign", "-1", INT32_MAX, "1", INT32_MIN, 0, power(10, 48), -1, 0,
+         INT64_C(-2147483600)},
+        {"b far below is lost, but for its sign", "2^64", INT32_MIN, "1", INT32_MAX, two_to(64) * power(10, 38), 0, 0,
+         1, INT64_C(-2147483610)},
+        {"a far below loses only zeros", "-100", 50, "1", 0, -1, power(10, 48), 0, 0, 48},
+        {"b far below loses only zeros", "1", 0, "100", 50, power(10, 48), 1, 0, 0, 48},
+        {"-2^64 has room for 48", "-2^64", 0, "1", 49, -two_to(64) * power(10, 48), 0, 0, 1, 48},
+        {"a is zero", "0", INT32_MIN, "7", 2, 0, 7, 0, 0, 2},
+        {"b is zero", "7", 2, "0", INT32_MAX, 7, 0, 0, 0, 2},
+    };
+    for (const AlignedRow& row : rows) {
+        SCOPED_TRACE(row.name);
+        const AlignedOperands operands = aligned(num(row.a), row.a_scale, num(row.b), row.b_scale);
+        EXPECT_EQ(operands.a, wide(row.a_moved));
+        EXPECT_EQ(operands.b, wide(row.b_moved));
+        EXPECT_EQ(operands.a_truncated, row.a_truncated);
+        EXPECT_EQ(operands.b_truncated, row.b_truncated);
+        EXPECT_EQ(operands.scale, row.scale);
+    }
+}
+
+// Both operands at the common scale in exact fractions, and nothing truncated but what does not come out even there.
+TEST(Aligned, EveryTwoSpecialValuesAtEveryDistance) {
+    const auto expect_operand_at = [](const Numeric& value, int scale, const ExtendedNumeric& moved, int truncated,
+                                      std::int64_t common_scale) {
+        const Cut exact = cut(decimal(value, scale), static_cast<int>(common_scale));
+        const Integer magnitude{exact.magnitude};
+        EXPECT_EQ(moved, wide(exact.negative ? Integer(-magnitude) : magnitude)) << value;
+        const int sign = exact.negative ? -1 : 1;
+        EXPECT_EQ(truncated, exact.dropped == Dropped::kNothing ? 0 : sign) << value;
+    };
+    for (const Numeric& a : special_values()) {
+        for (const Numeric& b : special_values()) {
+            if (qv8numeric::is_nan(a) || qv8numeric::is_nan(b)) continue;
+            for (const int a_scale : {-90, -49, -39, -38, -20, 0, 1, 38, 48, 87}) {
+                const AlignedOperands operands = aligned(a, a_scale, b, 0);
+                expect_operand_at(a, a_scale, operands.a, operands.a_truncated, operands.scale);
+                expect_operand_at(b, 0, operands.b, operands.b_truncated, operands.scale);
+            }
         }
         if (HasFailure()) return;
     }
