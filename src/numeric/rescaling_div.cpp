@@ -8,32 +8,67 @@ namespace qv8numeric {
 namespace {
 
 // dividend / divisor; false when that is 2^128 or more.
-bool divide(const ExtendedNumeric& dividend, WordPair divisor, LongDivision& division) {
+QV8NUMERIC_INLINE bool long_divide(const ExtendedNumeric& dividend, WordPair divisor, LongDivision& division) {
     if (divisor.high != 0) {
         if (high_half(dividend) >= divisor) return false;
-        division = divide(dividend, normalize(divisor));
+        if (is_zero(high_half(dividend)) && low_half(dividend) < divisor) {
+            division = {{0, 0}, fraction_of(low_half(dividend), divisor)};
+        } else {
+            division = divide(dividend, normalize(divisor));
+        }
         return true;
     }
     // Of the fourth word only the lower half is looked at: a dividend above 2^224 that has nothing there is divided
     // modulo 2^192. The quotients that come out are part of the interface.
     if (static_cast<uint32_t>(dividend.word[3]) != 0 || dividend.word[2] >= divisor.low) return false;
-    division = divide(dividend, normalize(divisor.low));
+    division = divide(dividend, divisor.low);
     return true;
 }
 
-// dividend * 10^places / divisor; false when that is 2^128 or more.
-bool scale_and_divide(WordPair dividend, int64_t places, WordPair divisor, LongDivision& division) {
-    unsigned overflow = 0;
+// dividend * 10^digits / divisor for more than 38 digits.
+QV8NUMERIC_ASIDE bool scale_up_and_divide(WordPair dividend, uint64_t digits, WordPair divisor,
+                                          LongDivision& division) {
     ExtendedNumeric scaled = extend(dividend);
-    if (places >= 0) {
-        scale_up(scaled, static_cast<uint64_t>(places), overflow);
-        return overflow == 0 && divide(scaled, divisor, division);
+    unsigned overflow = 0;
+    scale_up(scaled, digits, overflow);
+    return overflow == 0 && long_divide(scaled, divisor, division);
+}
+
+// dividend * 10^places / divisor; false when that is 2^128 or more.
+QV8NUMERIC_INLINE bool scale_and_divide(WordPair dividend, int64_t places, WordPair divisor, LongDivision& division) {
+    if (places > int64_t{pair_digits}) {
+        return scale_up_and_divide(dividend, static_cast<uint64_t>(places), divisor, division);
     }
+    if (places >= 0) return long_divide(multiply_by_power(dividend, static_cast<uint64_t>(places)), divisor, division);
     // Downward it is the divisor that takes the power of ten, so that nothing is dropped before the one division.
+    unsigned overflow = 0;
     scale_up(divisor, static_cast<uint64_t>(-places), overflow);
-    if (overflow == 0) return divide(scaled, divisor, division);
+    if (overflow == 0) return long_divide(extend(dividend), divisor, division);
     division = {{0, 0}, is_zero(dividend) ? Fraction::nothing : Fraction::below_half};  // less than 2^127 / 2^128
     return true;
+}
+
+// The places that take the dividend to where the integer quotient stands at the result's scale.
+constexpr int64_t quotient_shift(int32_t a_scale, int32_t b_scale, int32_t result_scale) {
+    return int64_t{result_scale} - a_scale + b_scale;
+}
+
+NumericStatus refuse_zero(Numeric& result) {
+    result = nan_pattern;
+    return NUMERIC_NAN;
+}
+
+QV8NUMERIC_ASIDE NumericStatus divide_pairs(const NumericInfo& a_info, const NumericInfo& b_info,
+                                            const NumericInfo& result_info, const Numeric& a, const Numeric& b,
+                                            Numeric& result) {
+    if (propagates_nan(a, b, result)) return NUMERIC_NAN;
+    if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
+    if (is_zero(b)) return refuse_zero(result);
+    const bool negative = is_negative(a) != is_negative(b);
+    const int64_t places = quotient_shift(a_info.scale, b_info.scale, result_info.scale);
+    LongDivision division;
+    if (!scale_and_divide(magnitude_of(a), places, magnitude_of(b), division)) return refuse(negative, result);
+    return round_narrow(division, negative, result_info.rounding_mode, 0, result);
 }
 
 }  // namespace
@@ -44,17 +79,15 @@ using namespace qv8numeric;
 extern "C" NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, const NumericInfo* b_info,
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
-    if (propagates_nan(*a, *b, *result)) return NUMERIC_NAN;
-    if (!are_rounding_modes(*a_info, *b_info, *result_info)) return NUMERIC_INVALID_ARGUMENT;
-    if (is_zero(*b)) {
-        *result = nan_pattern;
-        return NUMERIC_NAN;
+    const auto digits = static_cast<uint64_t>(quotient_shift(a_info->scale, b_info->scale, result_info->scale));
+    if (!fits_int64(*a) || !fits_int64(*b) || digits > word_digits) {
+        return divide_pairs(*a_info, *b_info, *result_info, *a, *b, *result);
     }
+    if (!are_rounding_modes(*a_info, *b_info, *result_info)) return NUMERIC_INVALID_ARGUMENT;
+    if (b->low == 0) return refuse_zero(*result);
+    // At most 2^63 * 10^19 < 2^127 by one word.
+    const WordPair dividend = multiply(magnitude_as<uint64_t>(*a), decimal_power[digits].power.low);
+    const LongDivision division = divide(extend(dividend), magnitude_as<uint64_t>(*b));
     const bool negative = is_negative(*a) != is_negative(*b);
-    const int64_t places = int64_t{result_info->scale} - a_info->scale + b_info->scale;
-    LongDivision division{};
-    if (!scale_and_divide(magnitude_of(*a), places, magnitude_of(*b), division)) return refuse(negative, *result);
-    const NumericStatus status =
-        round_magnitude(division.quotient, division.dropped, negative, result_info->rounding_mode);
-    return narrow(division.quotient, negative, 0, status, *result);
+    return round_narrow(division, negative, result_info->rounding_mode, 0, *result);
 }

@@ -46,6 +46,9 @@ constexpr RescalingRow kRows[] = {
      "-34028236692093846346337460743176821146"},
     {"exactly -2^127 in the making, a digit less in the end", "-2^126", 0, "-2^126", 0, -1, kDown, NUMERIC_INEXACT,
      "-17014118346046923173168730371588410572"},
+    // 34028236692093846346337460743176821146 * 10 - 4.5 = 2^128 - 0.5.
+    {"rounded up to 2^128, which is 128 bits of zeros", "34028236692093846346337460743176821146", 38,
+     "-45000000000000000000000000000000", 70, 39, kHalfUp, NUMERIC_OVERFLOW, "NaN"},
     {"rounded past the largest value", "2^127-1", 0, "5", 1, 0, kHalfUp, NUMERIC_OVERFLOW, "NaN"},
     {"not rounded past the largest value", "2^127-1", 0, "4", 1, 0, kHalfUp, NUMERIC_INEXACT, "2^127-1"},
     {"rounded past the smallest value", "-2^127+1", 0, "-5", 1, 0, kHalfUp, NUMERIC_UNDERFLOW, "NaN"},

@@ -37,6 +37,12 @@ constexpr RescalingRow kRows[] = {
     {"exactly 2^127", "2^64", 0, "2^63", 0, 0, kUp, NUMERIC_OVERFLOW, "NaN"},
     {"exactly -2^127", "-2^64", 0, "2^63", 0, 0, kUp, NUMERIC_UNDERFLOW, "NaN"},
 
+    // 413 * 82392824920324083163044699136021358706 = 100 * 2^128 - 22.
+    {"rounded up to 2^128, which is 128 bits of zeros", "82392824920324083163044699136021358706", 0, "413", 0, -2, kUp,
+     NUMERIC_OVERFLOW, "NaN"},
+    {"rounded down to -2^128", "-82392824920324083163044699136021358706", 0, "413", 0, -2, kFloor, NUMERIC_UNDERFLOW,
+     "NaN"},
+
     {"the largest product there is", "2^127-1", 0, "2^127-1", 0, 0, kDown, NUMERIC_OVERFLOW, "NaN"},
     {"the largest product there is, one digit too many", "2^127-1", 38, "2^127-1", 38, 38, kDown, NUMERIC_OVERFLOW,
      "NaN"},
