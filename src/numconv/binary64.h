@@ -7,6 +7,7 @@
 #include <limits>
 
 #include "qv8numeric.h"
+#include "wide/dropped.h"
 #include "wide/words.h"
 
 namespace qv8numeric {
@@ -22,6 +23,11 @@ inline constexpr int64_t exponent_bias = 1023;
 
 constexpr uint64_t sign_field(bool negative) { return negative ? sign_bit : 0; }
 constexpr uint64_t exponent_field(int64_t exponent) { return static_cast<uint64_t>(exponent) << fraction_bits; }
+
+// 64 bits behind a point, and whether anything follows them.
+constexpr Fraction binary_fraction(uint64_t bits, uint64_t more) {
+    return static_cast<Fraction>(bits >> 63 << 1 | uint64_t{(bits << 1 | more) != 0});
+}
 
 inline void store(uint64_t bits, double& out) { std::memcpy(&out, &bits, sizeof out); }
 
