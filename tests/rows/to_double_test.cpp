@@ -108,6 +108,15 @@ constexpr ModesRow kModesRows[] = {
     {"10^23 is a tie", "10^23", 0, NUMERIC_INEXACT, k1e23Below, k1e23Above, "+.+.+.."},
     {"10^23 less 10^-10, 110 bits below the tie", "10^33-1", 10, NUMERIC_INEXACT, k1e23Below, k1e23Above, "+.+...."},
     {"10^23 and 10^-10, 110 bits above the tie", "10^33+1", 10, NUMERIC_INEXACT, k1e23Below, k1e23Above, "+.+.+++"},
+    {"a tie with twenty-two places of zero", "90071992547409930000000000000000000000", 22, NUMERIC_INEXACT, kTwo53,
+     kTwo53 + 2, "+.+.+.."},
+    {"nines in thirty-eight places", "10^38-1", 38, NUMERIC_INEXACT, 0x1.fffffffffffffp-1, 1.0, "+.+.+++"},
+    {"one and the last of thirty-eight places", "10^38+1", 38, NUMERIC_INEXACT, 1.0, 0x1.0000000000001p0, "+.+...."},
+    // Times 2^20 these are a multiple of 5^38, a tie, less and more one: no coefficient comes nearer to one.
+    {"2^-142 of itself below a tie", "3125000000359332355537311798343580449", 38, NUMERIC_INEXACT, 0x1.000000007e6dcp-5,
+     0x1.000000007e6ddp-5, "+.+...."},
+    {"2^-142 of itself above a tie", "3125000000004465525171859496822435176", 38, NUMERIC_INEXACT, 0x1.0000000001923p-5,
+     0x1.0000000001924p-5, "+.+.+++"},
     {"a significand of all ones carries into the exponent", "2^54-1", 0, NUMERIC_INEXACT, 0x1.fffffffffffffp53, 0x1p54,
      "+.+.+.+"},
     {"exact", "-2^126", 0, NUMERIC_OK, -0x1p126, -0x1p126, "......."},
@@ -247,13 +256,14 @@ bool stays_inside_the_vector(const Numeric& value, int scale) {
     return scale >= 0 || abs(coefficient(value)) < cpp_int{1} << 113;
 }
 
-// One division by 5^11 or less has all 128 bits below the point to itself, and what it drops is seen as sticky. The
-// other way, 59 places are shifts by at most 128 bits, which are zeros, and products that stay inside the vector for
-// coefficients below 2^113. Both owe one exact rounding.
-TEST(ToDouble, ScalesFromMinus59To11AreExact) {
+// One division by 5^11 or less has all 128 bits below the point to itself, and what it drops is seen as sticky; up to
+// 38 places no coefficient lies near enough to a point where the result changes for the loss of four divisions to
+// decide. The other way, 59 places are shifts by at most 128 bits, which are zeros, and products that stay inside the
+// vector for coefficients below 2^113. All owe one exact rounding.
+TEST(ToDouble, ScalesFromMinus59To38AreExact) {
     for (const Numeric& value : special_values()) {
         if (value == num("0")) continue;
-        for (int scale = -59; scale <= 11; ++scale) {
+        for (int scale = -59; scale <= 38; ++scale) {
             if (!stays_inside_the_vector(value, scale)) continue;
             for (const std::uint32_t mode : kModes) {
                 const NumericInfo info = {scale, mode};
