@@ -8,64 +8,78 @@
 namespace qv8numeric {
 namespace {
 
-NumericStatus from_integer(int64_t value, const NumericInfo& info, Numeric& out) {
-    const Numeric exact{static_cast<uint64_t>(value), value < 0 ? -1 : 0};
-    if (info.scale == 0) {  // nothing can round here, and an invalid mode goes unnoticed
-        out = exact;
-        return NUMERIC_OK;
-    }
-    return scale_round_narrow(magnitude_of(exact), is_negative(exact), info.scale, info.rounding_mode, 0, out);
+constexpr Numeric sign_extend(int64_t value) { return {static_cast<uint64_t>(value), value < 0 ? -1 : 0}; }
+
+// ---- Into a Numeric ----
+
+// Down, or up by more than 19 places.
+QV8NUMERIC_ASIDE NumericStatus rescale(int64_t value, const NumericInfo& info, Numeric& out) {
+    const WordPair magnitude = magnitude_of(sign_extend(value));
+    if (info.scale > 0) return scale_round_narrow(magnitude, value < 0, info.scale, info.rounding_mode, 0, out);
+    return scale_round_narrow(magnitude.low, value < 0, info.scale, info.rounding_mode, 0, out);
 }
 
-// limb * 10^places modulo 2^32.
-uint32_t scaled_limb(uint32_t lowest, uint64_t places) {
-    ExtendedNumeric x = extend({0, lowest});
-    unsigned lost = 0;
-    scale_up(x, places, lost);
-    return limb(x, 0);
+NumericStatus from_integer(int64_t value, const NumericInfo& info, Numeric& out) {
+    const auto places = static_cast<uint32_t>(info.scale);
+    if (places == 0) {  // nothing can round here, and an invalid mode goes unnoticed
+        out = sign_extend(value);
+        return NUMERIC_OK;
+    }
+    if (places > word_digits) return rescale(value, info, out);
+    if (!is_rounding_mode(info.rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
+    out = from_bits(moved_up<WordPair>(sign_extend(value), places));  // at most 2^63 * 10^19 < 2^127
+    return NUMERIC_OK;
+}
+
+// ---- Out of a Numeric ----
+
+// lowest * 10^places modulo 2^32, of which 10^32 is a multiple.
+constexpr uint32_t scaled_limb(uint32_t lowest, uint64_t places) {
+    if (places >= 32) return 0;
+    return static_cast<uint32_t>(wrapping_multiply(lowest, decimal_power[places].power.low));
 }
 
 // The magnitude of value * 10^-scale as the interface has it: the lowest limb is that of the result, cut off towards
 // zero; the limbs above it stay those of value. Exact while the value and the result are both below 2^32.
-WordPair rescaled_lowest_limb(const Numeric& value, int64_t scale, Fraction& dropped) {
-    WordPair magnitude = magnitude_of(value);
-    uint32_t lowest = 0;
+constexpr uint64_t rescale_lowest_limb(uint64_t value, int64_t scale, bool& inexact) {
+    uint64_t lowest = 0;
     if (scale < 0) {
-        lowest = scaled_limb(static_cast<uint32_t>(magnitude.low), static_cast<uint64_t>(-scale));
+        lowest = scaled_limb(static_cast<uint32_t>(value), static_cast<uint64_t>(-scale));
+    } else if (scale <= int64_t{word_digits}) {
+        lowest = divide_by_power(value, static_cast<uint64_t>(scale));
+        inexact = lowest * decimal_power[static_cast<uint64_t>(scale)].power.low != value;
     } else {
-        WordPair quotient = magnitude;
-        dropped = scale_down(quotient, static_cast<uint64_t>(scale));
-        lowest = static_cast<uint32_t>(quotient.low);
+        inexact = value != 0;
     }
-    magnitude.low = (magnitude.low & ~uint64_t{UINT32_MAX}) | lowest;
-    return magnitude;
+    return (value & ~uint64_t{UINT32_MAX}) | static_cast<uint32_t>(lowest);
 }
 
-template <class Integer>
-constexpr bool is_within(const Numeric& value) {
-    const auto low = static_cast<int64_t>(value.low);
-    return value.high == (low < 0 ? -1 : 0) && std::in_range<Integer>(low);
+// What no integer can be made of, whatever the scale does to it: NaN, what does not fit before (the upper limbs stay),
+// and, at a scale other than 0, a negative value. (There the magnitude is held against the range of negative integers.)
+constexpr bool is_refused(const Numeric& value, int32_t scale) {
+    return !fits_int64(value) || (is_negative(value) && scale != 0);
+}
+
+constexpr NumericStatus refusal(const Numeric& value, const NumericInfo& info) {
+    if (is_nan(value)) return NUMERIC_NAN;
+    if (info.scale != 0 && !is_rounding_mode(info.rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
+    return is_negative(value) ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
 }
 
 template <class Integer>
 NumericStatus to_integer(const Numeric& in, const NumericInfo& info, Integer& out) {
     const Numeric value = in;
     out = 0;
-    if (is_nan(value)) return NUMERIC_NAN;
-    const bool negative = is_negative(value);
-    Numeric rescaled = value;
-    Fraction dropped = Fraction::nothing;
+    if (is_refused(value, info.scale)) return refusal(value, info);
+    bool inexact = false;
+    uint64_t result = value.low;
     if (info.scale != 0) {
-        rescaled = from_bits(rescaled_lowest_limb(value, info.scale, dropped));
         if (!is_rounding_mode(info.rounding_mode)) return NUMERIC_INVALID_ARGUMENT;
+        result = rescale_lowest_limb(result, info.scale, inexact);
     }
-    // At a scale other than 0 it is the magnitude that is held against the range of the value's sign: no negative value
-    // passes.
-    if (is_negative(rescaled) != negative || !is_within<Integer>(rescaled)) {
-        return negative ? NUMERIC_UNDERFLOW : NUMERIC_OVERFLOW;
-    }
-    out = static_cast<Integer>(rescaled.low);
-    return dropped == Fraction::nothing ? NUMERIC_OK : NUMERIC_INEXACT;
+    if (!std::in_range<Integer>(static_cast<int64_t>(result))) return refusal(value, info);
+    out = static_cast<Integer>(result);
+    return inexact ? NUMERIC_INEXACT : NUMERIC_OK;
 }
 
 }  // namespace

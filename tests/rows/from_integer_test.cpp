@@ -60,6 +60,8 @@ constexpr Row kRows[] = {
     {"the smallest of 64 bits, rounded", kSmallest64, -2, kHalfEven, NUMERIC_INEXACT, "-92233720368547758"},
     {"the largest of 64 bits at scale 19", kLargest64, 19, kHalfEven, NUMERIC_OK,
      "92233720368547758070000000000000000000"},
+    {"the smallest of 64 bits at scale 19", kSmallest64, 19, kHalfEven, NUMERIC_OK,
+     "-92233720368547758080000000000000000000"},
     {"the largest of 64 bits at scale 20 is out of range", kLargest64, 20, kHalfEven, NUMERIC_OVERFLOW, "NaN"},
     {"the smallest of 64 bits at scale 20 is out of range", kSmallest64, 20, kHalfEven, NUMERIC_UNDERFLOW, "NaN"},
     {"beyond 64 bits by the scale", 18446744073709, 7, kHalfEven, NUMERIC_OK, "184467440737090000000"},
