@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A double from a Numeric: by one multiplication with a reciprocal at the scales 0 .. 38, and at scale 0 for what the
-// negative ones make of a magnitude while it fits; otherwise in steps.
+// A double from a Numeric: by multiplication with a reciprocal at the scales 0 .. 38, with two up to 76; at scale 0 too
+// for what negative scales make of a magnitude while it fits; otherwise in steps.
 #include <bit>
 
 #include "numconv/binary64.h"
@@ -53,6 +53,20 @@ constexpr Quotient divide(WordPair x, unsigned places) {
     return {wrapping_subtract(bits, {0, missing.high >> 63}), is_zero(missing)};
 }
 
+// The double for quotient.bits * 2^(length - 127). It is neither subnormal nor infinite.
+NumericStatus round_to_double(const Quotient& quotient, int64_t length, bool negative, uint32_t mode, double& out) {
+    const auto& [bits, exact] = quotient;
+    const auto top = static_cast<unsigned>(bits.high >> 62);
+    uint64_t significand = bits.high >> (9 + top);
+    const Fraction dropped = binary_fraction(bits.high << (55 - top), bits.low | uint64_t{!exact});
+    const NumericStatus status = round_magnitude(significand, dropped, negative, mode);
+    if (status == NUMERIC_INVALID_ARGUMENT) return status;
+    // One less, since the implicit bit is added to it, as is a carry beyond.
+    const int64_t exponent = exponent_bias - 3 + length + int64_t{top};
+    store(sign_field(negative) | (exponent_field(exponent) + significand), out);
+    return status;
+}
+
 // magnitude / 10^places, rounded to 53 bits. It is neither subnormal nor infinite.
 //
 // The steps give the same. They drop something just where 5^places does not divide the magnitude, so the status is
@@ -66,16 +80,25 @@ constexpr Quotient divide(WordPair x, unsigned places) {
 template <class Magnitude>
 NumericStatus round_quotient(Magnitude magnitude, unsigned places, bool negative, uint32_t mode, double& out) {
     const auto [x, length] = leading(magnitude);
-    const auto [bits, exact] = divide(x, places);
+    return round_to_double(divide(x, places), int64_t{length} - decimal_power[places].shift, negative, mode, out);
+}
+
+// The same for 38 < places <= 76 in two divisions, which leave the quotient less than 1 too large or 3 too small: the
+// first cuts off less than 1, which may be doubled to bring the leading bit back, and the second less than 1 again.
+// This changes no bit down to the half, unless the next 64 are all 0 or all 1: then the steps are taken. So are they
+// for every exact quotient, which has 37 bits at most. (What the steps drop decides nothing here either, as the same
+// test shows.)
+QV8NUMERIC_ASIDE NumericStatus round_far_quotient(const Numeric& value, const NumericInfo& info, double& out) {
+    const auto [x, length] = leading(magnitude_of(value));
+    const auto rest = static_cast<unsigned>(info.scale) - pair_digits;
+    const WordPair first = divide(x, pair_digits).bits;
+    const auto up = 1 - static_cast<unsigned>(first.high >> 62);
+    const WordPair bits = divide(shift_left(first, up), rest).bits;
     const auto top = static_cast<unsigned>(bits.high >> 62);
-    uint64_t significand = bits.high >> (9 + top);
-    const Fraction dropped = binary_fraction(bits.high << (55 - top), bits.low | uint64_t{!exact});
-    const NumericStatus status = round_magnitude(significand, dropped, negative, mode);
-    if (status == NUMERIC_INVALID_ARGUMENT) return status;
-    // One less, since the implicit bit is added to it, as is a carry beyond.
-    const uint64_t exponent = exponent_bias - 3 + length + top - decimal_power[places].shift;
-    store(sign_field(negative) | ((exponent << fraction_bits) + significand), out);
-    return status;
+    const uint64_t below_half = shift_left(bits, 56 - top).high;
+    if (wrapping_add(below_half, 1) <= 1) return to_double_in_steps(value, info, out);
+    const int64_t shift = int64_t{decimal_power[pair_digits].shift} + decimal_power[rest].shift + up;
+    return round_to_double({bits, false}, length - shift, is_negative(value), info.rounding_mode, out);
 }
 
 // magnitude * 10^places, where that fits a magnitude. It is then exact, in the steps too: what they shift out, 28 bits
@@ -115,6 +138,7 @@ QV8NUMERIC_ASIDE NumericStatus wide_to_double(const Numeric& value, const Numeri
     WordPair magnitude = magnitude_of(value);
     int64_t places = info.scale;
     if (places < 0 && scale_up_exactly(magnitude, -places)) places = 0;
+    if (places > pair_digits && places <= 2 * pair_digits) return round_far_quotient(value, info, out);
     if (places < 0 || places > pair_digits) return to_double_in_steps(value, info, out);
     return round_quotient(magnitude, static_cast<unsigned>(places), is_negative(value), info.rounding_mode, out);
 }

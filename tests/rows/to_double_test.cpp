@@ -53,6 +53,8 @@ constexpr Row kValueRows[] = {
     {"a quarter", "25", 2, kHalfEven, NUMERIC_OK, bits(0.25)},
     {"a quarter written with many places", "250000000000000", 15, kHalfEven, NUMERIC_OK, bits(0.25)},
     {"2^-37 from all its places", "72759576141834259033203125", 37, kUp, NUMERIC_OK, bits(0x1p-37)},
+    {"2^-39 from all its places", "1818989403545856475830078125", 39, kUp, NUMERIC_OK, bits(0x1p-39)},
+    {"2^-54 from all its places", "55511151231257827021181583404541015625", 54, kUp, NUMERIC_OK, bits(0x1p-54)},
     {"hundreds", "3", -2, kHalfEven, NUMERIC_OK, bits(300.0)},
     {"2^53-1", "2^53-1", 0, kHalfEven, NUMERIC_OK, bits(9007199254740991.0)},
     {"2^64", "2^64", 0, kHalfEven, NUMERIC_OK, bits(0x1p64)},
@@ -112,7 +114,8 @@ constexpr ModesRow kModesRows[] = {
      kTwo53 + 2, "+.+.+.."},
     {"nines in thirty-eight places", "10^38-1", 38, NUMERIC_INEXACT, 0x1.fffffffffffffp-1, 1.0, "+.+.+++"},
     {"one and the last of thirty-eight places", "10^38+1", 38, NUMERIC_INEXACT, 1.0, 0x1.0000000000001p0, "+.+...."},
-    // Times 2^20 these are a multiple of 5^38, a tie, less and more one: no coefficient comes nearer to one.
+    // Times 2^20 these are a multiple of 5^38, a tie, less and more one: no other of so many places comes nearer to
+    // one.
     {"2^-142 of itself below a tie", "3125000000359332355537311798343580449", 38, NUMERIC_INEXACT, 0x1.000000007e6dcp-5,
      0x1.000000007e6ddp-5, "+.+...."},
     {"2^-142 of itself above a tie", "3125000000004465525171859496822435176", 38, NUMERIC_INEXACT, 0x1.0000000001923p-5,
@@ -257,13 +260,13 @@ bool stays_inside_the_vector(const Numeric& value, int scale) {
 }
 
 // One division by 5^11 or less has all 128 bits below the point to itself, and what it drops is seen as sticky; up to
-// 38 places no coefficient lies near enough to a point where the result changes for the loss of four divisions to
+// 76 places no coefficient lies near enough to a point where the result changes for the loss of seven divisions to
 // decide. The other way, 59 places are shifts by at most 128 bits, which are zeros, and products that stay inside the
 // vector for coefficients below 2^113. All owe one exact rounding.
-TEST(ToDouble, ScalesFromMinus59To38AreExact) {
+TEST(ToDouble, ScalesFromMinus59To76AreExact) {
     for (const Numeric& value : special_values()) {
         if (value == num("0")) continue;
-        for (int scale = -59; scale <= 38; ++scale) {
+        for (int scale = -59; scale <= 76; ++scale) {
             if (!stays_inside_the_vector(value, scale)) continue;
             for (const std::uint32_t mode : kModes) {
                 const NumericInfo info = {scale, mode};
