@@ -123,24 +123,22 @@ NumericStatus put_tiny(bool negative, uint32_t mode, double& out) {
 // of 40 binary places reach 2^1032 from 2^-128.
 constexpr int64_t scale_of_huge_results = -348;
 
-// Any value at any scale.
-QV8NUMERIC_ASIDE NumericStatus wide_to_double(const Numeric& value, const NumericInfo& info, double& out) {
-    if (is_zero(value)) {
-        store(0, out);
-        return NUMERIC_OK;
-    }
-    if (is_nan(value)) {
-        store(nan_bits, out);
-        return NUMERIC_NAN;
-    }
-    if (info.scale >= scale_of_tiny_results) return put_tiny(is_negative(value), info.rounding_mode, out);
-    if (info.scale <= scale_of_huge_results) return put_infinity(is_negative(value), out);
+// For magnitudes of two words at the scales 0 .. 38.
+QV8NUMERIC_ASIDE NumericStatus pair_to_double(const Numeric& value, const NumericInfo& info, double& out) {
+    const auto places = static_cast<unsigned>(info.scale);
+    return round_quotient(magnitude_of(value), places, is_negative(value), info.rounding_mode, out);
+}
+
+// At all other scales.
+QV8NUMERIC_ASIDE NumericStatus far_to_double(const Numeric& value, const NumericInfo& info, double& out) {
+    const bool negative = is_negative(value);
+    if (info.scale >= scale_of_tiny_results) return put_tiny(negative, info.rounding_mode, out);
+    if (info.scale <= scale_of_huge_results) return put_infinity(negative, out);
+    if (info.scale > 2 * int{pair_digits}) return to_double_in_steps(value, info, out);
+    if (info.scale > 0) return round_far_quotient(value, info, out);
     WordPair magnitude = magnitude_of(value);
-    int64_t places = info.scale;
-    if (places < 0 && scale_up_exactly(magnitude, -places)) places = 0;
-    if (places > pair_digits && places <= 2 * pair_digits) return round_far_quotient(value, info, out);
-    if (places < 0 || places > pair_digits) return to_double_in_steps(value, info, out);
-    return round_quotient(magnitude, static_cast<unsigned>(places), is_negative(value), info.rounding_mode, out);
+    if (!scale_up_exactly(magnitude, -int64_t{info.scale})) return to_double_in_steps(value, info, out);
+    return round_quotient(magnitude, 0, negative, info.rounding_mode, out);
 }
 
 }  // namespace
@@ -155,5 +153,13 @@ extern "C" NumericStatus QV8NumericNum2Dbl(const Numeric* in, const NumericInfo*
     if (is_word && places <= pair_digits) {
         return round_quotient(magnitude, places, is_negative(*in), info->rounding_mode, *out);
     }
-    return wide_to_double(*in, *info, *out);
+    if (is_zero(*in)) {
+        store(0, *out);
+        return NUMERIC_OK;
+    }
+    if (is_nan(*in)) {
+        store(nan_bits, *out);
+        return NUMERIC_NAN;
+    }
+    return places <= pair_digits ? pair_to_double(*in, *info, *out) : far_to_double(*in, *info, *out);
 }
