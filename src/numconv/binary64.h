@@ -26,7 +26,7 @@ constexpr uint64_t exponent_field(int64_t exponent) { return static_cast<uint64_
 
 // 64 bits behind a point, and whether anything follows them.
 constexpr Fraction binary_fraction(uint64_t bits, uint64_t more) {
-    return static_cast<Fraction>(bits >> 63 << 1 | uint64_t{(bits << 1 | more) != 0});
+    return static_cast<Fraction>(bits >> 63 << 1 | static_cast<uint64_t>((bits << 1 | more) != 0));
 }
 
 inline void store(uint64_t bits, double& out) { std::memcpy(&out, &bits, sizeof out); }

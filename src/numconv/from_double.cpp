@@ -84,12 +84,16 @@ NumericStatus word_from_double(uint64_t bits, unsigned length, const DecimalPowe
     return round_and_narrow(x.high, binary_fraction(x.low, product.low), is_negative(bits), mode, out);
 }
 
+NumericStatus refuse_rounded(bool negative, uint32_t mode, Numeric& out) {
+    return is_rounding_mode(mode) ? refuse(negative, out) : NUMERIC_INVALID_ARGUMENT;
+}
+
 // At scales up to 38. A product that is longer than 128 bits is at least 2^127.
 QV8NUMERIC_ASIDE NumericStatus pair_from_double(uint64_t bits, const NumericInfo& info, Numeric& out) {
     const DecimalPower& ten = decimal_power[static_cast<unsigned>(info.scale)];
     const int64_t length = product_length(bits, ten);
     const bool negative = is_negative(bits);
-    if (length > 128) return is_rounding_mode(info.rounding_mode) ? refuse(negative, out) : NUMERIC_INVALID_ARGUMENT;
+    if (length > 128) return refuse_rounded(negative, info.rounding_mode, out);
     const FixedPoint x = scale_by_two(multiply_significands(bits, ten), length);
     return round_and_narrow(x.integer, fraction_of(x), negative, info.rounding_mode, out);
 }
@@ -105,15 +109,21 @@ constexpr void divide_by_fives(WordPair& x, int64_t fives, Fraction& dropped) {
     if (fives > 0) dropped = joined(dropped, Fraction::nothing);
 }
 
+// Whether a double of this length divided by 10^places is certain to be refused. 10^places < 2^(3.322 places), so it is
+// above 2^129 then, of which the steps lose less than a 2^-100th part.
+constexpr bool is_out_of_range(int64_t length, int64_t places) { return length - 3322 * places / 1000 > 131; }
+
 // At negative scales: the binary point is moved first, by the exponent and the twos of the scale, and what falls behind
 // it is dropped before the fives are divided out.
 QV8NUMERIC_ASIDE NumericStatus quotient_from_double(uint64_t bits, const NumericInfo& info, Numeric& out) {
     const DecimalPower& one = decimal_power[0];
-    const int64_t length = product_length(bits, one) + info.scale;
-    if (length > 116) return from_double_in_steps(bits, info, out);
-    FixedPoint x = scale_by_two(multiply_significands(bits, one), length);
+    const int64_t places = -int64_t{info.scale};
+    const int64_t length = product_length(bits, one);
+    if (is_out_of_range(length, places)) return refuse_rounded(is_negative(bits), info.rounding_mode, out);
+    if (length - places > 116) return from_double_in_steps(bits, info, out);
+    FixedPoint x = scale_by_two(multiply_significands(bits, one), length - places);
     Fraction dropped = fraction_of(x);
-    divide_by_fives(x.integer, -int64_t{info.scale}, dropped);
+    divide_by_fives(x.integer, places, dropped);
     return round_and_narrow(x.integer, dropped, is_negative(bits), info.rounding_mode, out);
 }
 

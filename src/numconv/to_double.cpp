@@ -58,7 +58,7 @@ NumericStatus round_to_double(const Quotient& quotient, int64_t length, bool neg
     const auto& [bits, exact] = quotient;
     const auto top = static_cast<unsigned>(bits.high >> 62);
     uint64_t significand = bits.high >> (9 + top);
-    const Fraction dropped = binary_fraction(bits.high << (55 - top), bits.low | uint64_t{!exact});
+    const Fraction dropped = binary_fraction(bits.high << (55 - top), bits.low | static_cast<uint64_t>(!exact));
     const NumericStatus status = round_magnitude(significand, dropped, negative, mode);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;
     // One less, since the implicit bit is added to it, as is a carry beyond.
