@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "numconv/literal.h"
 
+#include "numconv/short_literal.h"
 #include "wide/scaling.h"
 
 namespace qv8numeric {
@@ -23,9 +24,6 @@ namespace {
 // whole. So 41 to 45 digits are kept, depending on how the run falls into steps.
 constexpr int32_t largest_held_before_three = 42;
 constexpr int32_t largest_held_before_one = 40;
-
-bool is_digit(char character) { return '0' <= character && character <= '9'; }
-uint32_t digit_value(char character) { return static_cast<uint32_t>(character - '0'); }
 
 void take_digit(NumberParseState& state, char digit) {
     // Only for callers of the lexer alone: the grammar asks for nothing behind an exponent of four digits or more.
@@ -63,7 +61,7 @@ void take_step(NumberParseState& state, const char* digits, int32_t count) {
 // ---- One function per kind of token; the first character is at token_start, the cursor behind it ----
 
 const char* end_of_run(const char* text) {
-    while (is_digit(*text)) ++text;
+    while (is_decimal_digit(*text)) ++text;
     return text;
 }
 
@@ -98,11 +96,6 @@ LiteralToken lex_exponent_digits(NumberParseState& state) {
     state.chunk = static_cast<uint32_t>(value);
     state.chunk_digits = static_cast<uint32_t>(end - state.token_start);  // should a second marker flush them
     return length_token(state.token_start, end);
-}
-
-// Exactly three digits behind the comma; a fourth would make it another number's comma.
-bool is_group(const char* comma) {
-    return comma[0] == ',' && is_digit(comma[1]) && is_digit(comma[2]) && is_digit(comma[3]) && !is_digit(comma[4]);
 }
 
 // Behind an exponent too, groups take the road of the mantissa, with the digits of the exponent as pending ones.
@@ -144,7 +137,7 @@ LiteralToken lex_exponent_marker(NumberParseState& state) {
 LiteralToken next_token(NumberParseState& state) {
     state.token_start = state.cursor;
     const char character = *state.cursor++;
-    if (is_digit(character)) {
+    if (is_decimal_digit(character)) {
         return has(state, exponent_marker_seen) ? lex_exponent_digits(state) : lex_mantissa_digits(state);
     }
     switch (character) {
