@@ -69,18 +69,18 @@ QV8NUMERIC_ASIDE NumericStatus write_any(const Numeric* value, const NumericInfo
     return write_backward(scaled, exponent_shift, output_scale, buffer, buffer_size, Form::grouped);
 }
 
-// Most values are of one word, and written with the digits they have.
+// A value of one word is written with all the digits it has, as most are, or else on the road above.
 template <class Form>
 inline NumericStatus write(const Numeric* value, const NumericInfo* info, int32_t exponent_shift, int32_t output_scale,
                            char* buffer, std::size_t buffer_size) {
-    const bool is_word_as_it_stands = fits_int64(*value) && exponent_shift == 0 && output_scale == info->scale &&
-                                      is_rounding_mode(info->rounding_mode) && 0 <= output_scale &&
-                                      output_scale <= largest_placed_word_fraction;
-    if (is_word_as_it_stands && !is_no_buffer(buffer, buffer_size) &&
-        place_text<Form>(magnitude_of(*value).low, is_negative(*value), output_scale, buffer, buffer_size)) {
-        return NUMERIC_OK;
+    if (!fits_int64(*value) || exponent_shift != 0 || output_scale != info->scale ||
+        !is_rounding_mode(info->rounding_mode) || output_scale < 0 || output_scale > largest_placed_word_fraction ||
+        is_no_buffer(buffer, buffer_size) ||
+        !place_text<Form>(magnitude_of(*value).low, is_negative(*value), output_scale, buffer, buffer_size))
+        [[unlikely]] {
+        return write_any<Form>(value, info, exponent_shift, output_scale, buffer, buffer_size);
     }
-    return write_any<Form>(value, info, exponent_shift, output_scale, buffer, buffer_size);
+    return NUMERIC_OK;
 }
 
 }  // namespace
