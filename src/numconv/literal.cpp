@@ -25,14 +25,18 @@ namespace {
 constexpr int32_t largest_held_before_three = 42;
 constexpr int32_t largest_held_before_one = 40;
 
-void take_digit(NumberParseState& state, char digit) {
+void put_digit(NumberParseState& state, char digit) {
     // Only for callers of the lexer alone: the grammar asks for nothing behind an exponent of four digits or more.
     if (state.chunk_digits >= 8) flush_chunk(state);
     state.chunk = state.chunk * 10 + digit_value(digit);
     ++state.chunk_digits;
-    ++state.digits_held;
-    if (has(state, point_seen)) ++state.fraction_digits;
     if (state.chunk_digits == 8) flush_chunk(state);
+}
+
+void take_digits(NumberParseState& state, const char* digits, int32_t count) {
+    for (int32_t i = 0; i < count; ++i) put_digit(state, digits[i]);
+    state.digits_held += count;
+    if (has(state, point_seen)) state.fraction_digits += count;
 }
 
 // The literal's scale only sees fraction_digits - digits_dropped, so where the narrower count is full, the other one
@@ -55,7 +59,7 @@ void take_step(NumberParseState& state, const char* digits, int32_t count) {
         drop_digits(state, count);
         return;
     }
-    for (int32_t i = 0; i < count; ++i) take_digit(state, digits[i]);
+    take_digits(state, digits, count);
 }
 
 // ---- One function per kind of token; the first character is at token_start, the cursor behind it ----
