@@ -39,9 +39,9 @@ struct Matched {
     uint64_t misses;  // the top bit of each byte that does not, and perhaps of bytes behind the first one
 };
 
-// A value up to `most` stays below 0x80 when 0x7f - most is added; any other then has its top bit set, or has it
-// already, and what it carries over goes to bytes behind it. (A pattern with the bits of `most` clear, but for those
-// that no value there has: differences are taken as exclusive or.)
+// The difference is taken as an exclusive or: the pattern's bits that `most` has are clear. A value up to `most` stays
+// below 0x80 when 0x7f - most is added; any other then has its top bit set, or had it before, and what it carries over
+// goes to bytes behind it.
 constexpr Matched match(uint64_t characters, uint64_t pattern, uint64_t most) {
     const uint64_t values = characters ^ pattern;
     return {values, (wrapping_add(values, in_every_byte(0x7f) - most) | values) & in_every_byte(0x80)};

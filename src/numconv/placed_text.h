@@ -183,7 +183,7 @@ template <class Form, class Magnitude>
 QV8NUMERIC_INLINE bool place_text(Magnitude magnitude, bool negative, int32_t fraction, char* buffer,
                                   std::size_t buffer_size) {
     const Layout layout = layout_of<Form>(magnitude, negative, static_cast<unsigned>(fraction));
-    if (!layout.fits(buffer_size)) [[unlikely]] return false;
+    if (!layout.fits(buffer_size)) return false;
     char* const behind_sign = buffer + unsigned{negative};
     *buffer = '-';  // or the first digit, which comes next
     put_behind_sign<Form>(behind_sign, layout, magnitude);

@@ -4,6 +4,8 @@
 // not.
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "formatting.h"
 #include "modes.h"
 
@@ -73,6 +75,37 @@ TEST(FormatRoads, AllDigitsAtEveryScale) {
                 expect_text(QV8NumericNum2Str, format, text_of(digits, negative, scale, false));
                 expect_text(QV8NumericNum2Dgstr, format, text_of(digits, negative, scale, true));
             }
+        }
+    }
+}
+
+struct OverlapRow {
+    const char* name;
+    const char* value;
+    std::int32_t scale;
+    const char* text;
+};
+
+constexpr OverlapRow kOverlapRows[] = {
+    {"one word", "-1234567", 2, "-12345.67"},
+    {"two words", "-12345678901234567890123456789", 2, "-123456789012345678901234567.89"},
+    {"one word, rounded", "1234567", 4, "123.46"},
+    {"two words, rounded", "12345678901234567890123456789", 4, "1234567890123456789012345.68"},
+};
+
+// At each place of value and descriptor in the buffer, from its first bytes to its last.
+TEST(FormatRoads, TheBufferMayLieOverTheOperands) {
+    struct Operands {
+        Numeric value;
+        NumericInfo info;
+    };
+    for (const OverlapRow& row : kOverlapRows) {
+        SCOPED_TRACE(row.name);
+        for (std::size_t place = 0; place + sizeof(Operands) <= 80; place += alignof(Operands)) {
+            alignas(Operands) char buffer[80] = {};
+            auto* const operands = new (buffer + place) Operands{num(row.value), {row.scale, kHalfUp}};
+            EXPECT_GE(QV8NumericNum2Str(&operands->value, &operands->info, 0, 2, buffer, sizeof buffer), NUMERIC_OK);
+            EXPECT_EQ(std::string(buffer), row.text) << "operands at " << place;
         }
     }
 }
