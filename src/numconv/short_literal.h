@@ -15,7 +15,7 @@ namespace qv8numeric {
 
 inline constexpr unsigned most_short_digits = pair_digits;
 
-inline const char* behind_sign(const char* text) { return text + unsigned{*text == '-' || *text == '+'}; }
+inline const char* behind_sign(const char* text) { return text + one_if(*text == '-' || *text == '+'); }
 inline bool is_exponent_marker(char character) { return character == 'E' || character == 'e'; }
 
 // No NUL among seven characters: an eighth can be read, which may be the NUL.
@@ -31,7 +31,7 @@ struct Front {
     unsigned before_point;
     bool has_point;
 
-    unsigned size() const { return digits + unsigned{has_point}; }
+    unsigned size() const { return digits + one_if(has_point); }
     unsigned behind_point() const { return digits - before_point; }
 };
 

@@ -6,7 +6,7 @@
 #include <bit>
 
 #include "wide/decimal_powers.h"
-#include "wide/words.h"
+#include "wide/scaling.h"
 
 namespace qv8numeric {
 
@@ -18,13 +18,13 @@ static_assert(whole_log10_of_power_of_two(128) == pair_digits);
 // digits: 10^(t-1) <= 2^b / 10 < x.
 constexpr unsigned count_digits(uint64_t x) {
     const unsigned fewest = whole_log10_of_power_of_two(static_cast<unsigned>(std::bit_width(x)));
-    return fewest + unsigned{x >= decimal_power[fewest].power.low};
+    return fewest + one_if(x >= decimal_power[fewest].power.low);
 }
 
 constexpr unsigned count_digits(WordPair x) {
     if (x.high == 0) return count_digits(x.low);
     const unsigned fewest = whole_log10_of_power_of_two(64 + static_cast<unsigned>(std::bit_width(x.high)));
-    return fewest + unsigned{x >= decimal_power[fewest].power};
+    return fewest + one_if(x >= decimal_power[fewest].power);
 }
 
 constexpr uint64_t lowest_word(uint64_t x) { return x; }
@@ -39,18 +39,14 @@ struct DecimalSplit {
 
 // For x up to 2^63 and 1 .. 19 digits.
 constexpr DecimalSplit<uint64_t> split_at(unsigned digits, uint64_t x) {
-    const DecimalPower& ten = decimal_power[digits];
-    const uint64_t upper = multiply_high(x, ten.word_reciprocal) >> ten.shift;
-    return {upper, wrapping_subtract(x, wrapping_multiply(upper, ten.power.low))};
+    const uint64_t upper = divide_by_power(x, digits);
+    return {upper, x - upper * decimal_power[digits].power.low};
 }
 
 // For x up to 2^127 and 1 .. 38 digits.
 constexpr DecimalSplit<WordPair> split_at(unsigned digits, WordPair x) {
-    const DecimalPower& ten = decimal_power[digits];
-    const WordPair scaled = multiply_high(x, ten.reciprocal);
-    const WordPair upper =
-        digits <= word_digits ? shift_right(scaled, ten.shift) : WordPair{0, scaled.high >> (ten.shift - 64)};
-    return {upper, wrapping_subtract(x, wrapping_multiply(upper, ten.power))};
+    const WordPair upper = divide_by_power(x, digits);
+    return {upper, wrapping_subtract(x, wrapping_multiply(upper, decimal_power[digits].power))};
 }
 
 // For x up to 2^127 and 19 digits, which leaves a word on either side: 2^127 / 10^19 < 2^64.

@@ -75,7 +75,7 @@ TEST(Digits, TheNumberOfEightDigits) {
         EXPECT_EQ(number_of(match_digits(load_eight(eight_digits(number).c_str())).values), number);
     }
     for (int i = 0; i < 100000; ++i) {
-        const unsigned number = random() % 100000000;
+        const auto number = static_cast<unsigned>(random() % 100000000);
         ASSERT_EQ(number_of(match_digits(load_eight(eight_digits(number).c_str())).values), number);
     }
 }
