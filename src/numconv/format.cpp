@@ -32,7 +32,7 @@ struct Scaled {
     NumericStatus status;
 };
 
-inline Scaled scale(const Numeric& value, const NumericInfo& info, int32_t output_scale) {
+QV8NUMERIC_INLINE Scaled scale(const Numeric& value, const NumericInfo& info, int32_t output_scale) {
     const bool negative = is_negative(value);
     const int64_t places = int64_t{output_scale} - info.scale;
     if (places == 0 && is_rounding_mode(info.rounding_mode)) return {magnitude_of(value), negative, NUMERIC_OK};
@@ -66,8 +66,20 @@ QV8NUMERIC_ASIDE NumericStatus write_any(const Numeric* value, const NumericInfo
         place_text<Form>(scaled.magnitude, scaled.negative, std::max(output_scale, 0), buffer, buffer_size)) {
         return scaled.status;
     }
-    return write_backward(scaled, exponent_shift, output_scale, buffer, buffer_size, Form::grouped);
+    return write_backward(scaled, exponent_shift, output_scale, buffer, buffer_size, is_grouped<Form>);
 }
+
+}  // namespace
+
+NumericStatus numeric_num2str_internal(const Numeric* value, const NumericInfo* info, std::int32_t exponent_shift,
+                                       std::int32_t output_scale, char* buffer, std::size_t buffer_size,
+                                       std::int32_t mode) {
+    return mode == format_grouped
+               ? write_any<GroupedDigits>(value, info, exponent_shift, output_scale, buffer, buffer_size)
+               : write_any<PlainDigits>(value, info, exponent_shift, output_scale, buffer, buffer_size);
+}
+
+namespace {
 
 // A value of one word is written with all the digits it has, as most are, or else on the road above.
 template <class Form>
@@ -76,22 +88,14 @@ inline NumericStatus write(const Numeric* value, const NumericInfo* info, int32_
     if (!fits_int64(*value) || exponent_shift != 0 || output_scale != info->scale ||
         !is_rounding_mode(info->rounding_mode) || output_scale < 0 || output_scale > largest_placed_word_fraction ||
         is_no_buffer(buffer, buffer_size) ||
-        !place_text<Form>(magnitude_of(*value).low, is_negative(*value), output_scale, buffer, buffer_size))
+        !place_text<Form>(magnitude_as<uint64_t>(*value), is_negative(*value), output_scale, buffer, buffer_size))
         [[unlikely]] {
-        return write_any<Form>(value, info, exponent_shift, output_scale, buffer, buffer_size);
+        return numeric_num2str_internal(value, info, exponent_shift, output_scale, buffer, buffer_size, Form::mode);
     }
     return NUMERIC_OK;
 }
 
 }  // namespace
-
-NumericStatus numeric_num2str_internal(const Numeric* value, const NumericInfo* info, std::int32_t exponent_shift,
-                                       std::int32_t output_scale, char* buffer, std::size_t buffer_size,
-                                       std::int32_t mode) {
-    const auto formatter = mode == format_grouped ? QV8NumericNum2Dgstr : QV8NumericNum2Str;
-    return formatter(value, info, exponent_shift, output_scale, buffer, buffer_size);
-}
-
 }  // namespace qv8numeric
 
 using namespace qv8numeric;

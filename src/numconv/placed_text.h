@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "numconv/conv_table.h"
+#include "numconv/number_format_mode.h"
 #include "wide/decimal_split.h"
 
 namespace qv8numeric {
@@ -24,16 +25,19 @@ constexpr uint64_t ten_to_the(unsigned k) { return decimal_power[k].power.low; }
 
 // What they show of the integer digits: digits alone, or two groups of three, each behind a comma.
 struct PlainDigits {
-    static constexpr bool grouped = false;
+    static constexpr NumberFormatMode mode = format_plain;
     static constexpr unsigned per_eight = 8;
     static constexpr uint64_t zeros = 0x30303030'30303030;
 };
 
 struct GroupedDigits {
-    static constexpr bool grouped = true;
+    static constexpr NumberFormatMode mode = format_grouped;
     static constexpr unsigned per_eight = 6;
     static constexpr uint64_t zeros = 0x2c303030'2c303030;
 };
+
+template <class Form>
+inline constexpr bool is_grouped = Form::mode == format_grouped;
 
 // x < 10^per_eight with its leading zeros: one look at the table for either half of the digits.
 template <class Form>
@@ -111,7 +115,7 @@ QV8NUMERIC_INLINE void put_digits(Eights run, uint64_t upper, uint64_t lower) {
 }
 
 template <class Form>
-inline void put_digits(Eights run, WordPair x) {
+QV8NUMERIC_INLINE void put_digits(Eights run, WordPair x) {
     if (x.high == 0) return put_digits<Form>(run, x.low);
     const DecimalSplit<uint64_t> words = split_into_words(x);
     put_digits<Form, word_digits>(run, words.upper, words.lower);
@@ -128,7 +132,7 @@ QV8NUMERIC_INLINE void put_with_point(Eights run, uint64_t x, unsigned fraction)
     put_digits<PlainDigits>(run, x / limit);
 }
 
-inline void put_with_point(Eights run, WordPair x, unsigned fraction) {
+QV8NUMERIC_INLINE void put_with_point(Eights run, WordPair x, unsigned fraction) {
     constexpr uint64_t limit = ten_to_the(beside_point);
     if (x.high == 0) return put_with_point(run, x.low, fraction);
     const DecimalSplit<uint64_t> words = split_into_words(x);
@@ -143,17 +147,17 @@ struct Layout {
     unsigned integer;   // characters before the point
     unsigned fraction;  // digits behind it
 
-    unsigned behind_sign() const { return integer + unsigned{fraction != 0} + fraction; }
+    unsigned behind_sign() const { return integer + one_if(fraction != 0) + fraction; }
 
     // With its NUL; and eight bytes behind the place of a sign are written for the shortest text.
-    bool fits(std::size_t buffer_size) const { return buffer_size > std::max(unsigned{negative} + behind_sign(), 8u); }
+    bool fits(std::size_t buffer_size) const { return buffer_size > std::max(one_if(negative) + behind_sign(), 8u); }
 };
 
 template <class Form, class Magnitude>
 constexpr Layout layout_of(Magnitude magnitude, bool negative, unsigned fraction) {
     const unsigned digits = count_digits(magnitude);
     const unsigned integer = digits > fraction ? digits - fraction : 1;
-    return {negative, integer + (Form::grouped ? (integer - 1) / 3 : 0), fraction};
+    return {negative, integer + (is_grouped<Form> ? (integer - 1) / 3 : 0), fraction};
 }
 
 // Nothing is written behind the fraction, which may be the end of the buffer.
@@ -167,7 +171,7 @@ QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, Magnitude x) {
 template <class Form, class Magnitude>
 QV8NUMERIC_INLINE void put_behind_sign(char* begin, const Layout& layout, Magnitude magnitude) {
     if (layout.fraction == 0) return put_digits<Form>(Eights(begin, layout.integer), magnitude);
-    if (!Form::grouped && layout.fraction <= beside_point) {
+    if (!is_grouped<Form> && layout.fraction <= beside_point) {
         return put_with_point(Eights(begin, layout.behind_sign()), magnitude, layout.fraction);
     }
     const DecimalSplit<Magnitude> split = split_at(layout.fraction, magnitude);
@@ -184,7 +188,7 @@ QV8NUMERIC_INLINE bool place_text(Magnitude magnitude, bool negative, int32_t fr
                                   std::size_t buffer_size) {
     const Layout layout = layout_of<Form>(magnitude, negative, static_cast<unsigned>(fraction));
     if (!layout.fits(buffer_size)) return false;
-    char* const behind_sign = buffer + unsigned{negative};
+    char* const behind_sign = buffer + one_if(negative);
     *buffer = '-';  // or the first digit, which comes next
     put_behind_sign<Form>(behind_sign, layout, magnitude);
     behind_sign[layout.behind_sign()] = '\0';
