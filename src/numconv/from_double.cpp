@@ -70,18 +70,20 @@ constexpr Fraction fraction_of(const FixedPoint& x) {
     return binary_fraction(x.fraction.high, x.fraction.low | x.more);
 }
 
-template <class Magnitude>
-NumericStatus round_and_narrow(Magnitude integer, Fraction dropped, bool negative, uint32_t mode, Numeric& out) {
-    const NumericStatus status = round_magnitude(integer, dropped, negative, mode);
-    if (status == NUMERIC_INVALID_ARGUMENT) return status;
-    return narrow(integer, negative, 0, status, out);
-}
-
 // At scales up to 19 the product is two words, of which results below 2^63 keep bits of the upper one alone.
 NumericStatus word_from_double(uint64_t bits, unsigned length, const DecimalPower& ten, uint32_t mode, Numeric& out) {
     const WordPair product = multiply_words(significand_of(bits), significand_of(ten));
     const WordPair x = shift_left(WordPair{0, product.high}, length);
-    return round_and_narrow(x.high, binary_fraction(x.low, product.low), is_negative(bits), mode, out);
+    return round_narrow(x.high, binary_fraction(x.low, product.low), is_negative(bits), mode, 0, out);
+}
+
+// Results of more than 64 bits, up to 127, are the product but for its last 1 to 63 bits.
+QV8NUMERIC_ASIDE NumericStatus words_from_double(uint64_t bits, unsigned length, const DecimalPower& ten, uint32_t mode,
+                                                 Numeric& out) {
+    const WordPair product = multiply_words(significand_of(bits), significand_of(ten));
+    const unsigned down = 128 - length;
+    const Fraction dropped = binary_fraction(product.low << (64 - down), 0);
+    return round_narrow(shift_right(product, down), dropped, is_negative(bits), mode, 0, out);
 }
 
 NumericStatus refuse_rounded(bool negative, uint32_t mode, Numeric& out) {
@@ -95,7 +97,7 @@ QV8NUMERIC_ASIDE NumericStatus pair_from_double(uint64_t bits, const NumericInfo
     const bool negative = is_negative(bits);
     if (length > 128) return refuse_rounded(negative, info.rounding_mode, out);
     const FixedPoint x = scale_by_two(multiply_significands(bits, ten), length);
-    return round_and_narrow(x.integer, fraction_of(x), negative, info.rounding_mode, out);
+    return round_narrow(x.integer, fraction_of(x), negative, info.rounding_mode, 0, out);
 }
 
 // x / 5^fives towards zero as the steps have it, for x < 2^115: by 5^12 at a time, each time as 2^n x / 10^n. What was
@@ -124,7 +126,7 @@ QV8NUMERIC_ASIDE NumericStatus quotient_from_double(uint64_t bits, const Numeric
     FixedPoint x = scale_by_two(multiply_significands(bits, one), length - places);
     Fraction dropped = fraction_of(x);
     divide_by_fives(x.integer, places, dropped);
-    return round_and_narrow(x.integer, dropped, is_negative(bits), info.rounding_mode, out);
+    return round_narrow(x.integer, dropped, is_negative(bits), info.rounding_mode, 0, out);
 }
 
 }  // namespace
@@ -140,6 +142,9 @@ extern "C" NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out
         const DecimalPower& ten = decimal_power[places];
         const auto length = static_cast<uint64_t>(product_length(bits, ten));
         if (length < 64) return word_from_double(bits, static_cast<unsigned>(length), ten, info->rounding_mode, *out);
+        if (64 < length && length < 128) {
+            return words_from_double(bits, static_cast<unsigned>(length), ten, info->rounding_mode, *out);
+        }
     }
     if (places <= pair_digits) return pair_from_double(bits, *info, *out);
     if (info->scale < 0) return quotient_from_double(bits, *info, *out);
