@@ -39,9 +39,14 @@ QV8NUMERIC_ASIDE NumericStatus parse_any(const char* text, const NumericInfo* in
 
 // ---- The short roads ----
 
+QV8NUMERIC_ASIDE NumericStatus finish_aside(WordPair digits, bool negative, int64_t places, uint32_t mode,
+                                            Numeric& result) {
+    return finish(digits, negative, places, mode, result);
+}
+
 // Most literals have the scale of the result.
 inline NumericStatus finish_short(WordPair digits, bool negative, int64_t places, uint32_t mode, Numeric& result) {
-    if (places != 0 || !is_rounding_mode(mode)) return finish(digits, negative, places, mode, result);
+    if (places != 0 || !is_rounding_mode(mode)) return finish_aside(digits, negative, places, mode, result);
     result = with_sign(digits, negative);
     return NUMERIC_OK;
 }
