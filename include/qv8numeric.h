@@ -218,7 +218,8 @@ QV8NUMERIC_API NumericStatus QV8NumericMul(Numeric* x, int32_t m) QV8NUMERIC_NOE
  * the lower 96 bits of its magnitude, divided and rounded with the sign of the quotient. Divide magnitudes and apply
  * the sign. A quotient of that number which is rounded up to 2^127 is stored as its pattern, NaN, with NUMERIC_INEXACT.
  *
- * Method: one reciprocal per call, two words by one (Moeller and Granlund 2011).
+ * Method: a word is divided by the processor; a wider value in digits of 32 bits below its upper word, by one
+ * reciprocal of the divisor for all of them.
  */
 QV8NUMERIC_API NumericStatus QV8NumericDiv(Numeric* x, const NumericInfo* info,
                                            int32_t d) QV8NUMERIC_NOEXCEPT QV8NUMERIC_NONNULL;
@@ -265,8 +266,14 @@ QV8NUMERIC_API NumericStatus QV8NumericRescale(const NumericInfo* from, const Nu
  * that one unit of a tie or of the next whole result can be rounded as if it lay on it: 1 at scale 0 plus 99999999995
  * at scale 49, into scale 38 and rounded down, is 10^38 + 1.
  *
- * Cost: that of the same-scale operation when all three scales are equal; else at most eleven passes over 256 bits for
- * each operand and for the result.
+ * Cost: that of the same-scale operation when all three scales are equal. Where one operand is at the result's scale
+ * and the other has up to 38 places more, the other alone is moved; else both are aligned, in 128 bits when they fit an
+ * int64 and lie up to 19 places apart, in 256 bits otherwise. A move by up to 76 places is four multiplications or two
+ * divisions by powers of ten at most, a longer one eleven passes over 256 bits.
+ *
+ * Method: division by a power of ten is a multiplication by its reciprocal, exact for every coefficient (Granlund and
+ * Montgomery 1994); of wider intermediates, a long division by a prepared divisor (Moeller and Granlund 2011). So it is
+ * for every operation and conversion that changes a scale.
  */
 QV8NUMERIC_API NumericStatus QV8NumericRescalingAdd(const NumericInfo* a_info, const NumericInfo* b_info,
                                                     const NumericInfo* result_info, const Numeric* a, const Numeric* b,
@@ -302,7 +309,9 @@ QV8NUMERIC_API NumericStatus QV8NumericRescalingMul(const NumericInfo* a_info, c
  * Departure: where |*b| is below 2^64 and |*a| times the power of ten that brings it to the result's scale is 2^224 or
  * more, the part above 2^192 is lost without notice if bits 192 to 223 of it are zero.
  *
- * Method: long division by a two-word reciprocal, three words by two (Moeller and Granlund 2011).
+ * Method: long division, 64 bits of quotient at a time, by a reciprocal of the divisor's upper word or two that is
+ * computed once (Moeller and Granlund 2011). Where the dividend would be divided by a power of ten, the divisor is
+ * multiplied by it.
  */
 QV8NUMERIC_API NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, const NumericInfo* b_info,
                                                     const NumericInfo* result_info, const Numeric* a, const Numeric* b,
