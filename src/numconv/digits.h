@@ -77,7 +77,7 @@ constexpr uint64_t first_values(const Matched& matched, unsigned count) {
 template <unsigned bits, uint64_t base>
 constexpr uint64_t join_lanes(uint64_t lanes) {
     constexpr uint64_t every_second_lane = UINT64_MAX / ((uint64_t{1} << bits) + 1);
-    return wrapping_multiply(lanes, (base << bits) + 1) >> bits & every_second_lane;
+    return wrapping_multiply(lanes, base * (uint64_t{1} << bits) + 1) >> bits & every_second_lane;
 }
 
 // Of two numbers of four digits, the first of which counts `base` times.

@@ -66,7 +66,7 @@ QV8NUMERIC_ASIDE NumericStatus write_any(const Numeric* value, const NumericInfo
         place_text<Form>(scaled.magnitude, scaled.negative, std::max(output_scale, 0), buffer, buffer_size)) {
         return scaled.status;
     }
-    return write_backward(scaled, exponent_shift, output_scale, buffer, buffer_size, is_grouped<Form>);
+    return write_backward(scaled, exponent_shift, output_scale, buffer, buffer_size, is_grouped<Form>());
 }
 
 }  // namespace

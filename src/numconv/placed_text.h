@@ -37,7 +37,9 @@ struct GroupedDigits {
 };
 
 template <class Form>
-inline constexpr bool is_grouped = Form::mode == format_grouped;
+constexpr bool is_grouped() {
+    return Form::mode == format_grouped;
+}
 
 // x < 10^per_eight with its leading zeros: one look at the table for either half of the digits.
 template <class Form>
@@ -157,7 +159,7 @@ template <class Form, class Magnitude>
 constexpr Layout layout_of(Magnitude magnitude, bool negative, unsigned fraction) {
     const unsigned digits = count_digits(magnitude);
     const unsigned integer = digits > fraction ? digits - fraction : 1;
-    return {negative, integer + (is_grouped<Form> ? (integer - 1) / 3 : 0), fraction};
+    return {negative, integer + (is_grouped<Form>() ? (integer - 1) / 3 : 0), fraction};
 }
 
 // Nothing is written behind the fraction, which may be the end of the buffer.
@@ -171,7 +173,7 @@ QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, Magnitude x) {
 template <class Form, class Magnitude>
 QV8NUMERIC_INLINE void put_behind_sign(char* begin, const Layout& layout, Magnitude magnitude) {
     if (layout.fraction == 0) return put_digits<Form>(Eights(begin, layout.integer), magnitude);
-    if (!is_grouped<Form> && layout.fraction <= beside_point) {
+    if (!is_grouped<Form>() && layout.fraction <= beside_point) {
         return put_with_point(Eights(begin, layout.behind_sign()), magnitude, layout.fraction);
     }
     const DecimalSplit<Magnitude> split = split_at(layout.fraction, magnitude);

@@ -11,8 +11,9 @@ namespace {
 QV8NUMERIC_INLINE bool long_divide(const ExtendedNumeric& dividend, WordPair divisor, LongDivision& division) {
     if (divisor.high != 0) {
         if (high_half(dividend) >= divisor) return false;
-        if (is_zero(high_half(dividend)) && low_half(dividend) < divisor) {
-            division = {{0, 0}, fraction_of(low_half(dividend), divisor)};
+        const WordPair low = low_half(dividend);
+        if (is_zero(high_half(dividend)) && low < divisor) {
+            division = {{0, 0}, fraction_of(low, divisor)};
         } else {
             division = divide(dividend, normalize(divisor));
         }
@@ -66,7 +67,7 @@ QV8NUMERIC_ASIDE NumericStatus divide_pairs(const NumericInfo& a_info, const Num
     if (is_zero(b)) return refuse_zero(result);
     const bool negative = is_negative(a) != is_negative(b);
     const int64_t places = quotient_shift(a_info.scale, b_info.scale, result_info.scale);
-    LongDivision division;
+    LongDivision division{};
     if (!scale_and_divide(magnitude_of(a), places, magnitude_of(b), division)) return refuse(negative, result);
     return round_narrow(division, negative, result_info.rounding_mode, 0, result);
 }

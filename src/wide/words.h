@@ -70,6 +70,7 @@ struct WordPair {
 
 #if QV8NUMERIC_NATIVE_128
 __extension__ using uint128 = unsigned __int128;
+// NOLINTNEXTLINE(clang-analyzer-core.UndefinedBinaryOperatorResult): it takes the shift for one of 64 bits
 constexpr uint128 native(WordPair a) { return uint128{a.high} << 64 | a.low; }
 constexpr WordPair words_of(uint128 a) { return {static_cast<uint64_t>(a >> 64), static_cast<uint64_t>(a)}; }
 #endif

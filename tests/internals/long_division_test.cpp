@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Long division by one word, by two, and by a limb: the quotient and the fraction that is dropped below it.
+// Long division by one word and by two, prepared and unprepared: the quotient and the fraction that is dropped below
+// it.
 #include "wide/long_division.h"
 
 #include <gtest/gtest.h>
@@ -38,10 +39,15 @@ TEST(Normalize, MovesTheTopBitUpAndTakesTheReciprocal) {
 
 // ---- Four words by one and by two ----
 
-// By one word where the divisor is one.
+// By one word where the divisor is one, and then without preparing it too.
 LongDivision divided(const Integer& dividend, const Integer& divisor) {
     const WordPair words = pair(divisor);
-    return words.high == 0 ? divide(wide(dividend), normalize(words.low)) : divide(wide(dividend), normalize(words));
+    if (words.high != 0) return divide(wide(dividend), normalize(words));
+    const LongDivision prepared = divide(wide(dividend), normalize(words.low));
+    const LongDivision unprepared = divide(wide(dividend), words.low);
+    EXPECT_EQ(unprepared.quotient, prepared.quotient) << dividend << " / " << divisor;
+    EXPECT_EQ(unprepared.dropped, prepared.dropped) << dividend << " / " << divisor;
+    return prepared;
 }
 
 void expect_divided(const Integer& dividend, const Integer& divisor) {
@@ -146,34 +152,23 @@ TEST(LongDivision, NamedDivisions) {
 
 TEST(LongDivision, ByOneWordTheFourthWordIsNotLookedAt) {
     const Normalized<uint64_t> ten = normalize(UINT64_C(10));
-    const LongDivision division = divide(wide(two_to(192) * 0xfedcba + 12345), ten);
-    EXPECT_EQ(division.quotient, (WordPair{0, 1234}));
-    EXPECT_EQ(division.dropped, Fraction::exactly_half);
+    const ExtendedNumeric dividend = wide(two_to(192) * 0xfedcba + 12345);
+    for (const LongDivision& division : {divide(dividend, ten), divide(dividend, UINT64_C(10))}) {
+        EXPECT_EQ(division.quotient, (WordPair{0, 1234}));
+        EXPECT_EQ(division.dropped, Fraction::exactly_half);
+    }
 }
 
-// ---- By one word that divides only once, by the processor where it can ----
+// ---- Two words by a limb ----
 
-void expect_divided_once(const Integer& dividend, uint64_t divisor) {
+void expect_divided_by_limb(const Integer& dividend, uint64_t divisor) {
     const LongDivision division = divide(extend(pair(dividend)), divisor);
     EXPECT_EQ(integer(division.quotient), dividend / divisor) << dividend << " / " << divisor;
     EXPECT_EQ(division.dropped, exact_fraction(dividend % divisor, divisor)) << dividend << " / " << divisor;
 }
 
-TEST(DivideOnce, QuotientsOfTwoWordsByLargeDivisors) {
-    for (const uint64_t divisor : {UINT64_C(1) << 32, UINT64_C(1) << 63, UINT64_C(10000000000000000000), UINT64_MAX}) {
-        for (const Integer& quotient : {Integer{0}, Integer{1}, two_to(64) - 1, two_to(64), two_to(128) - 1}) {
-            for (const Integer& dropped : remainders(divisor)) {
-                const Integer dividend = quotient * divisor + dropped;
-                const LongDivision division = divide(wide(dividend), divisor);
-                EXPECT_EQ(integer(division.quotient), quotient) << dividend << " / " << divisor;
-                EXPECT_EQ(division.dropped, exact_fraction(dropped, divisor)) << dividend << " / " << divisor;
-            }
-        }
-    }
-}
-
 // Also dividends of all 128 bits, which a negative value divided as it stands has.
-TEST(DivideOnce, AroundMultiplesAndHalves) {
+TEST(LongDivisionByALimb, AroundMultiplesAndHalves) {
     for (const uint64_t divisor :
          {UINT64_C(2), UINT64_C(3), UINT64_C(5), UINT64_C(7), UINT64_C(10), UINT64_C(641), UINT64_C(0xffff),
           UINT64_C(0x10000), UINT64_C(0x10001), UINT64_C(1000000000), UINT64_C(0x3fffffff), UINT64_C(0x40000000),
@@ -183,16 +178,16 @@ TEST(DivideOnce, AroundMultiplesAndHalves) {
             const Integer multiple = two_to(bits) / divisor * divisor;
             for (const Integer& dropped : remainders(divisor)) {
                 for (const Integer& dividend : {Integer(multiple + dropped), Integer(multiple - dropped)}) {
-                    if (0 <= dividend && dividend < two_to(128)) expect_divided_once(dividend, divisor);
+                    if (0 <= dividend && dividend < two_to(128)) expect_divided_by_limb(dividend, divisor);
                 }
             }
-            expect_divided_once(two_to(bits) - 1, divisor);
+            expect_divided_by_limb(two_to(bits) - 1, divisor);
         }
         if (HasFailure()) return;
     }
 }
 
-TEST(DivideOnce, EveryDigitAtItsEdges) {
+TEST(LongDivisionByALimb, EveryDigitAtItsEdges) {
     constexpr uint64_t limbs[] = {0, 1, 0x7fffffff, 0x80000000, 0xffffffff};
     for (const uint64_t divisor :
          {UINT64_C(2), UINT64_C(3), UINT64_C(10), UINT64_C(0x7fffffff), UINT64_C(0x80000000)}) {
@@ -200,7 +195,7 @@ TEST(DivideOnce, EveryDigitAtItsEdges) {
             for (const uint64_t b : limbs) {
                 for (const uint64_t c : limbs) {
                     for (const uint64_t d : limbs) {
-                        expect_divided_once(integer(WordPair{a << 32 | b, c << 32 | d}), divisor);
+                        expect_divided_by_limb(integer(WordPair{a << 32 | b, c << 32 | d}), divisor);
                     }
                 }
             }
@@ -208,12 +203,12 @@ TEST(DivideOnce, EveryDigitAtItsEdges) {
     }
 }
 
-TEST(DivideOnce, AtRandom) {
+TEST(LongDivisionByALimb, AtRandom) {
     RandomValues random(2);
     for (int i = 0; i < kRandomCases; ++i) {
         const uint64_t divisor = 2 + (random.below((UINT64_C(1) << 31) - 1) >> random.below(31));
-        expect_divided_once(random.magnitude(128), divisor);
-        expect_divided_once(random.magnitude(95) * divisor + divisor - 1, divisor);
+        expect_divided_by_limb(random.magnitude(128), divisor);
+        expect_divided_by_limb(random.magnitude(95) * divisor + divisor - 1, divisor);
         if (HasFailure()) return;
     }
 }
@@ -221,8 +216,8 @@ TEST(DivideOnce, AtRandom) {
 static_assert(normalize(UINT64_C(1)).shift == 63 && normalize(WordPair{1, 0}).shift == 63);
 static_assert(divide(ExtendedNumeric{{25, 0, 0, 0}}, normalize(UINT64_C(10))).quotient == WordPair{0, 2});
 static_assert(divide(ExtendedNumeric{{0, 0, 1, 0}}, normalize(WordPair{1, 0})).quotient == WordPair{1, 0});
-static_assert(divide(extend({1, 0}), 2).quotient == WordPair{0, UINT64_C(1) << 63});
-static_assert(divide(extend({0, 7}), 2).dropped == Fraction::exactly_half);
+static_assert(divide(extend({1, 0}), UINT64_C(2)).quotient == WordPair{0, UINT64_C(1) << 63});
+static_assert(divide(extend({0, 7}), UINT64_C(2)).dropped == Fraction::exactly_half);
 
 }  // namespace
 }  // namespace qv8numeric_tests

@@ -146,6 +146,40 @@ TYPED_TEST(Narrowing, RoundsAndNarrows) {
     }
 }
 
+// The same from a long division, whose quotient may be all two words hold.
+TEST(RoundNarrow, QuotientOfTwoWords) {
+    for (const RoundRow& row : kRoundRows) {
+        SCOPED_TRACE(row.name);
+        Numeric result = kPoison;
+        const LongDivision division{magnitude_of(num(row.magnitude)), row.dropped};
+        EXPECT_EQ(round_narrow(division, row.negative, row.mode, row.overflow, result), row.status);
+        EXPECT_EQ(result, row.status == NUMERIC_INVALID_ARGUMENT ? kPoison : num(row.result));
+    }
+    for (const WordPair& beyond :
+         {WordPair{kTop, 0}, WordPair{UINT64_MAX, UINT64_MAX - 1}, WordPair{UINT64_MAX, UINT64_MAX}}) {
+        for (const auto dropped : {nothing, below_half, exactly_half, above_half}) {
+            for (const uint32_t mode : kModes) {
+                Numeric result = kPoison;
+                EXPECT_EQ(round_narrow({beyond, dropped}, false, mode, 0, result), NUMERIC_OVERFLOW) << beyond;
+                EXPECT_EQ(result, num("NaN")) << beyond;
+                result = kPoison;
+                EXPECT_EQ(round_narrow({beyond, dropped}, true, mode, 0, result), NUMERIC_UNDERFLOW) << beyond;
+                EXPECT_EQ(result, num("NaN")) << beyond;
+            }
+        }
+    }
+}
+
+TEST(HasRoomToRound, AsLongAsAUnitMoreStillFits) {
+    for (unsigned digits = 0; digits <= 38; ++digits) {
+        const Integer last = two_to(127) - 1 - power(10, digits);
+        EXPECT_TRUE(has_room_to_round({0, 0}, digits)) << digits;
+        EXPECT_TRUE(has_room_to_round(pair(last), digits)) << digits;
+        EXPECT_FALSE(has_room_to_round(pair(last + 1), digits)) << digits;
+        EXPECT_FALSE(has_room_to_round(pair(two_to(127)), digits)) << digits;
+    }
+}
+
 struct MoveRow {
     const char* name;
     const char* magnitude;

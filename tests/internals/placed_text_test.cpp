@@ -54,7 +54,7 @@ void expect_refused(Magnitude magnitude, const std::string& text, unsigned fract
 template <class Form, class Magnitude>
 void expect_both_signs(Magnitude magnitude, const Integer& value, unsigned fraction) {
     for (const bool negative : {false, true}) {
-        const std::string text = expected_text(value, negative, fraction, is_grouped<Form>);
+        const std::string text = expected_text(value, negative, fraction, is_grouped<Form>());
         expect_placed<Form>(magnitude, text, fraction, 0);
         expect_placed<Form>(magnitude, text, fraction, 20);
         expect_refused<Form>(magnitude, text, fraction);

@@ -106,6 +106,26 @@ TEST(Rounding, PackedTableHoldsTheSameDecisionsAndNoMore) {
     }
 }
 
+// A value between two integers is raised to the upper one, or not: the same as rounding its magnitude, which for a
+// negative value is away from the upper one.
+TEST(Rounding, DecisionFromTheIntegerBelowIsTheSameOne) {
+    for (const ModeRow& mode : kModeRows) {
+        SCOPED_TRACE(mode_name(mode.mode));
+        for (int below = -4; below < 4; ++below) {
+            EXPECT_FALSE(rounds_up(mode.mode, Fraction::nothing, below < 0, below % 2 != 0)) << below;
+            for (int quarters = 1; quarters < 4; ++quarters) {
+                const auto above = static_cast<Fraction>(quarters);
+                const bool negative = below < 0;
+                const int nearer_to_zero = negative ? below + 1 : below;
+                const auto beyond_it = static_cast<Fraction>(negative ? 4 - quarters : quarters);
+                const bool away = increased(mode, beyond_it)[2 * int{negative} + int{nearer_to_zero % 2 != 0}] == '+';
+                EXPECT_EQ(rounds_up(mode.mode, above, negative, below % 2 != 0), away != negative)
+                    << below << " and " << above;
+            }
+        }
+    }
+}
+
 template <class Magnitude>
 class RoundMagnitude : public testing::Test {};
 TYPED_TEST_SUITE(RoundMagnitude, Widths, WidthNames);

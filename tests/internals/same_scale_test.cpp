@@ -28,6 +28,9 @@ void expect_settled(NumericStatus status, const Numeric& result, const Integer& 
 }
 
 void expect_sum_and_difference(const Numeric& a, const Numeric& b) {
+    const WordPair sum = wrapping_add(bits_of(a), bits_of(b));
+    EXPECT_EQ(sign_overflow(bits_of(a), bits_of(b), sum) >> 63 != 0, integer(from_bits(sum)) != integer(a) + integer(b))
+        << a << " + " << b;
     Numeric result = kPoison;
     const NumericStatus of_sum = add_same_scale(a, b, result);
     expect_settled(of_sum, result, integer(a) + integer(b));

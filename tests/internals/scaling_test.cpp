@@ -55,6 +55,11 @@ void expect_scaled_down(const Integer& x, uint64_t digits) {
     auto scaled = in_width<Magnitude>(x);
     EXPECT_EQ(scale_down(scaled, digits), fraction) << x << " down by " << digits;
     EXPECT_EQ(integer(scaled), quotient) << x << " down by " << digits;
+    if constexpr (kBits<Magnitude> == 64) {
+        if (digits <= word_digits) {
+            EXPECT_EQ(Integer{divide_by_power(in_width<Magnitude>(x), digits)}, quotient) << x << " down by " << digits;
+        }
+    }
     ExtendedNumeric general = wide(x);
     EXPECT_EQ(scale_down_in_limbs(general, digits), fraction) << x << " down by " << digits << " on limbs";
     EXPECT_EQ(integer(general), quotient) << x << " down by " << digits << " on limbs";
@@ -211,6 +216,9 @@ void expect_scaled_up(const Integer& x, uint64_t digits) {
 // A product that does not fit in two words is told, and not kept.
 void expect_pair_scaled_up(const Integer& x, uint64_t digits) {
     const Integer product = x * power(10, applied(digits));
+    if (digits <= pair_digits) {
+        EXPECT_EQ(multiply_by_power(pair(x), digits), wide(product)) << x << " up by " << digits;
+    }
     WordPair scaled = pair(x);
     unsigned overflow = 0;
     scale_up(scaled, digits, overflow);
