@@ -78,7 +78,8 @@ void read(const Visit& visit, const std::string& text, std::int32_t scale) {
 void walk_literals(const Visit& visit, int whole, int places) {
     for (const char* before : {"", "-", "+", "0", "00", "-000"}) {
         for (const char* behind : {"", "x", ",", "e", "E2", "e-1"}) {
-            const std::string fraction = places < 0 ? "" : "." + counting(places);
+            std::string fraction;
+            if (places >= 0) fraction.append(1, '.').append(counting(places));
             const std::string text = before + counting(whole) + fraction + behind;
             read(visit, text, places < 0 ? 0 : places);
             read(visit, text, places - 2);
