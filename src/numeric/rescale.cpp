@@ -60,11 +60,10 @@ NumericStatus shorten(Magnitude magnitude, bool negative, uint64_t digits, uint3
 }
 
 QV8NUMERIC_ASIDE NumericStatus shorten_pair(const NumericInfo& from, const NumericInfo& to, const Numeric& src,
-                                            Numeric& dst) {
+                                            Numeric& dst, uint64_t digits, uint32_t mode) {
     const WordPair magnitude = magnitude_of(src);
-    const auto digits = static_cast<uint64_t>(int64_t{from.scale} - to.scale);
     if (digits > pair_digits || !has_room_to_round(magnitude, digits)) return rescale(from, to, src, dst);
-    return shorten(magnitude, is_negative(src), digits, to.rounding_mode, dst);
+    return shorten(magnitude, is_negative(src), digits, mode, dst);
 }
 
 }  // namespace
@@ -85,11 +84,12 @@ extern "C" NumericStatus QV8NumericRescale(const NumericInfo* from, const Numeri
         *dst = from_bits(moved_up<WordPair>(*src, static_cast<uint64_t>(places)));  // at most 2^63 * 10^19 < 2^127
         return NUMERIC_OK;
     }
-    if (!is_rounding_mode(from->rounding_mode) || !is_rounding_mode(to->rounding_mode)) {
+    const auto digits = static_cast<uint64_t>(-places);
+    const uint32_t mode = to->rounding_mode;
+    if (!is_rounding_mode(from->rounding_mode) || !is_rounding_mode(mode)) {
         *dst = from_bits(bits_of(*src));
         return NUMERIC_INVALID_ARGUMENT;
     }
-    if (!is_word || places < -int64_t{word_digits}) return shorten_pair(*from, *to, *src, *dst);
-    return shorten(magnitude_as<uint64_t>(*src), is_negative(*src), static_cast<uint64_t>(-places), to->rounding_mode,
-                   *dst);
+    if (!is_word || digits > word_digits) return shorten_pair(*from, *to, *src, *dst, digits, mode);
+    return shorten(magnitude_as<uint64_t>(*src), is_negative(*src), digits, mode, *dst);
 }

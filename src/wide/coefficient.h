@@ -35,7 +35,7 @@ constexpr bool operator<(const Numeric& a, const Numeric& b) {
     __extension__ using int128 = __int128;
     return static_cast<int128>(native(bits_of(a))) < static_cast<int128>(native(bits_of(b)));
 #else
-    return a.high < b.high || (a.high == b.high && a.low < b.low);
+    return either(a.high < b.high, both(a.high == b.high, a.low < b.low));
 #endif
 }
 

@@ -80,7 +80,7 @@ constexpr bool operator<(WordPair a, WordPair b) {
 #if QV8NUMERIC_NATIVE_128
     return native(a) < native(b);
 #else
-    return a.high < b.high || (a.high == b.high && a.low < b.low);
+    return either(a.high < b.high, both(a.high == b.high, a.low < b.low));
 #endif
 }
 constexpr bool operator>(WordPair a, WordPair b) { return b < a; }
