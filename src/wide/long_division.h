@@ -67,19 +67,24 @@ constexpr LongDivision divide(const ExtendedNumeric& dividend, const Normalized<
 }
 
 // The same for a divisor that divides only once.
-constexpr LongDivision divide(const ExtendedNumeric& dividend, uint64_t divisor) {
 #if QV8NUMERIC_NATIVE_DIVISION
-    if (!std::is_constant_evaluated()) {
-        WordQuotient high{0, dividend.word[1]};
-        if (dividend.word[2] != 0 || dividend.word[1] >= divisor) {
-            high = divide_natively({dividend.word[2], dividend.word[1]}, divisor);
-        }
-        const WordQuotient low = divide_natively({high.remainder, dividend.word[0]}, divisor);
-        return {{high.quotient, low.quotient}, fraction_of(low.remainder, divisor)};
+inline LongDivision divide_natively(const ExtendedNumeric& dividend, uint64_t divisor) {
+    WordQuotient high{0, dividend.word[1]};
+    if (dividend.word[2] != 0 || dividend.word[1] >= divisor) {
+        high = divide_natively(WordPair{dividend.word[2], dividend.word[1]}, divisor);
     }
-#endif
+    const WordQuotient low = divide_natively(WordPair{high.remainder, dividend.word[0]}, divisor);
+    return {{high.quotient, low.quotient}, fraction_of(low.remainder, divisor)};
+}
+
+constexpr LongDivision divide(const ExtendedNumeric& dividend, uint64_t divisor) {
+    return std::is_constant_evaluated() ? divide(dividend, normalize(divisor)) : divide_natively(dividend, divisor);
+}
+#else
+constexpr LongDivision divide(const ExtendedNumeric& dividend, uint64_t divisor) {
     return divide(dividend, normalize(divisor));
 }
+#endif
 
 }  // namespace qv8numeric
 

@@ -45,9 +45,10 @@ static_assert(reciprocal_by_newton(UINT64_MAX) == 1);
 // The same, from the processor where it has it: B^2 - 1 - d * B is (B - 1 - d) * B + B - 1.
 constexpr uint64_t reciprocal_of(uint64_t d) {
 #if QV8NUMERIC_NATIVE_DIVISION
-    if (!std::is_constant_evaluated()) return divide_natively({~d, UINT64_MAX}, d).quotient;
-#endif
+    return std::is_constant_evaluated() ? reciprocal_by_newton(d) : divide_natively({~d, UINT64_MAX}, d).quotient;
+#else
     return reciprocal_by_newton(d);
+#endif
 }
 
 // All ones where the condition holds: for corrections that are made as often as not, and would be mispredicted.
