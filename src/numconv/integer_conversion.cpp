@@ -42,12 +42,13 @@ constexpr uint32_t scaled_limb(uint32_t lowest, uint64_t places) {
 // The magnitude of value * 10^-scale as the interface has it: the lowest limb is that of the result, cut off towards
 // zero; the limbs above it stay those of value. Exact while the value and the result are both below 2^32.
 constexpr uint64_t rescale_lowest_limb(uint64_t value, int64_t scale, bool& inexact) {
+    const auto digits = static_cast<uint64_t>(scale);
     uint64_t lowest = 0;
-    if (scale < 0) {
-        lowest = scaled_limb(static_cast<uint32_t>(value), static_cast<uint64_t>(-scale));
-    } else if (scale <= int64_t{word_digits}) {
-        lowest = divide_by_power(value, static_cast<uint64_t>(scale));
-        inexact = lowest * decimal_power[static_cast<uint64_t>(scale)].power.low != value;
+    if (digits <= word_digits) [[likely]] {
+        lowest = divide_by_power(value, digits);
+        inexact = lowest * decimal_power[digits].power.low != value;
+    } else if (scale < 0) {
+        lowest = scaled_limb(static_cast<uint32_t>(value), wrapping_negate(digits));
     } else {
         inexact = value != 0;
     }
@@ -70,7 +71,8 @@ template <class Integer>
 NumericStatus to_integer(const Numeric& in, const NumericInfo& info, Integer& out) {
     const Numeric value = in;
     out = 0;
-    if (is_refused(value, info.scale)) return refusal(value, info);
+    if (is_refused(value, info.scale)) [[unlikely]]
+        return refusal(value, info);
     bool inexact = false;
     uint64_t result = value.low;
     if (info.scale != 0) {
