@@ -49,27 +49,42 @@ QV8NUMERIC_INLINE bool scale_and_divide(WordPair dividend, int64_t places, WordP
     return true;
 }
 
-// The places that take the dividend to where the integer quotient stands at the result's scale.
-constexpr int64_t quotient_shift(int32_t a_scale, int32_t b_scale, int32_t result_scale) {
-    return int64_t{result_scale} - a_scale + b_scale;
+// The same for two words up to 19 places: the dividend stays below 2^63 * 10^19 < 2^127.
+QV8NUMERIC_INLINE bool scale_and_divide(uint64_t dividend, int64_t places, uint64_t divisor, LongDivision& division) {
+    const uint64_t power = decimal_power[static_cast<uint64_t>(places)].power.low;
+    division = divide(extend(multiply(dividend, power)), divisor);
+    return true;
 }
 
-NumericStatus refuse_zero(Numeric& result) {
-    result = nan_pattern;
-    return NUMERIC_NAN;
+// The places that take the dividend to where the integer quotient stands at the result's scale.
+constexpr int64_t quotient_shift(const NumericInfo& a_info, const NumericInfo& b_info, const NumericInfo& result_info) {
+    return int64_t{result_info.scale} - a_info.scale + b_info.scale;
+}
+
+// For operands that fit Magnitude and are not NaN.
+template <class Magnitude>
+QV8NUMERIC_INLINE NumericStatus rescaling_divide(const NumericInfo& a_info, const NumericInfo& b_info,
+                                                 const NumericInfo& result_info, const Numeric& a, const Numeric& b,
+                                                 Numeric& result) {
+    if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
+    if (is_zero(b)) {
+        result = nan_pattern;
+        return NUMERIC_NAN;
+    }
+    const bool negative = is_negative(a) != is_negative(b);
+    const int64_t places = quotient_shift(a_info, b_info, result_info);
+    LongDivision division{};
+    if (!scale_and_divide(magnitude_as<Magnitude>(a), places, magnitude_as<Magnitude>(b), division)) {
+        return refuse(negative, result);
+    }
+    return round_narrow(division, negative, result_info.rounding_mode, 0, result);
 }
 
 QV8NUMERIC_ASIDE NumericStatus divide_pairs(const NumericInfo& a_info, const NumericInfo& b_info,
                                             const NumericInfo& result_info, const Numeric& a, const Numeric& b,
                                             Numeric& result) {
     if (propagates_nan(a, b, result)) return NUMERIC_NAN;
-    if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
-    if (is_zero(b)) return refuse_zero(result);
-    const bool negative = is_negative(a) != is_negative(b);
-    const int64_t places = quotient_shift(a_info.scale, b_info.scale, result_info.scale);
-    LongDivision division{};
-    if (!scale_and_divide(magnitude_of(a), places, magnitude_of(b), division)) return refuse(negative, result);
-    return round_narrow(division, negative, result_info.rounding_mode, 0, result);
+    return rescaling_divide<WordPair>(a_info, b_info, result_info, a, b, result);
 }
 
 }  // namespace
@@ -80,15 +95,9 @@ using namespace qv8numeric;
 extern "C" NumericStatus QV8NumericRescalingDiv(const NumericInfo* a_info, const NumericInfo* b_info,
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
-    const auto digits = static_cast<uint64_t>(quotient_shift(a_info->scale, b_info->scale, result_info->scale));
+    const auto digits = static_cast<uint64_t>(quotient_shift(*a_info, *b_info, *result_info));
     if (!fits_int64(*a) || !fits_int64(*b) || digits > word_digits) {
         return divide_pairs(*a_info, *b_info, *result_info, *a, *b, *result);
     }
-    if (!are_rounding_modes(*a_info, *b_info, *result_info)) return NUMERIC_INVALID_ARGUMENT;
-    if (b->low == 0) return refuse_zero(*result);
-    // At most 2^63 * 10^19 < 2^127 by one word.
-    const WordPair dividend = multiply(magnitude_as<uint64_t>(*a), decimal_power[digits].power.low);
-    const LongDivision division = divide(extend(dividend), magnitude_as<uint64_t>(*b));
-    const bool negative = is_negative(*a) != is_negative(*b);
-    return round_narrow(division, negative, result_info->rounding_mode, 0, *result);
+    return rescaling_divide<uint64_t>(*a_info, *b_info, *result_info, *a, *b, *result);
 }
