@@ -8,12 +8,6 @@
 namespace qv8numeric {
 namespace {
 
-// A value that leaves the range is NaN, on either side.
-NumericStatus refuse(Numeric& value) {
-    value = nan_pattern;
-    return NUMERIC_OVERFLOW;
-}
-
 // All four upper limbs alike. They need not equal the sign, and the values that pass here are part of the interface.
 bool upper_limbs_agree(const ExtendedNumeric& x) { return x.word[2] == x.word[3] && limb(x, 4) == limb(x, 5); }
 
@@ -30,7 +24,9 @@ QV8NUMERIC_ASIDE NumericStatus rescale(const NumericInfo& from, const NumericInf
     const ExtendedNumeric moved = moved_by(value, places, ignored);
     // The sign is that of the bits, so a negative value that rounds to zero is refused too.
     const Numeric result = from_bits(low_half(moved));
-    if (is_negative(result) != negative || !upper_limbs_agree(moved)) return refuse(value);
+    if (is_negative(result) != negative || !upper_limbs_agree(moved)) {
+        return refuse(false, value);  // as an overflow, on either side
+    }
     value = result;
     return NUMERIC_OK;
 }
