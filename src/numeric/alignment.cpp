@@ -58,7 +58,7 @@ NumericStatus postprocess(ExtendedNumeric& x, int adjust, const long long& shift
     if (adjust > 0) x = increment(x);
     if (adjust < 0) x = decrement(x);
     const bool negative = is_negative(x);
-    if (negative) x = negate(x);
+    x = negated_if(negative, x);
 
     const NumericStatus status = scale_and_round(x, negative, shift, rounding_mode, overflow);
     if (status == NUMERIC_INVALID_ARGUMENT) return status;

@@ -66,7 +66,6 @@ constexpr ExtendedNumeric subtract(const ExtendedNumeric& a, const ExtendedNumer
                 wrapping_subtract(low_half(a), low_half(b)));
 }
 
-constexpr ExtendedNumeric negate(const ExtendedNumeric& x) { return subtract(ExtendedNumeric{}, x); }
 constexpr ExtendedNumeric increased_by(const ExtendedNumeric& x, bool one) {
     return add(x, ExtendedNumeric{{one_if(one), 0, 0, 0}});
 }
