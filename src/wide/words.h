@@ -173,11 +173,17 @@ constexpr WordPair multiply(uint64_t a, uint64_t b) { return multiply_words(a, b
 // floor(a * b / 2^64).
 constexpr uint64_t multiply_high(uint64_t a, uint64_t b) { return multiply_words(a, b).high; }
 
-// floor(a * b / 2^128).
+// floor(a * b / 2^128). Of this sum compilers chain the carries in their own type only.
 constexpr WordPair multiply_high(WordPair a, WordPair b) {
+#if QV8NUMERIC_NATIVE_128
+    const uint128 cross = uint128{a.low} * b.high + multiply_high(a.low, b.low);
+    const uint128 middle = uint128{a.high} * b.low + static_cast<uint64_t>(cross);
+    return words_of(uint128{a.high} * b.high + (cross >> 64) + (middle >> 64));
+#else
     const WordPair cross = multiply_add(a.low, b.high, multiply_high(a.low, b.low));
     const WordPair middle = multiply_add(a.high, b.low, cross.low);
     return multiply_add(a.high, b.high, cross.high, middle.high);
+#endif
 }
 
 constexpr WordPair wrapping_multiply(WordPair a, uint64_t b) {
