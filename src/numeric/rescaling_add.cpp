@@ -69,9 +69,10 @@ QV8NUMERIC_ASIDE NumericStatus combine_exactly(const NumericInfo& a_info, const 
     return finish(negated_if(negative, combined), negative, shift, result_info.rounding_mode, result);
 }
 
-// kept + other / 10^digits, where kept is at the result's scale: nothing but the other one has to be moved. Rounded
-// down, towards minus infinity, it adds to kept as an integer, and the fraction it lost lies above that sum, whatever
-// the signs.
+// kept + other / 10^digits, where kept is at the result's scale: nothing but the other one has to be moved. (Beyond 38
+// digits only its sign is left of it, which is all that the guard digits of the general road leave too.) Rounded down,
+// towards minus infinity, it adds to kept as an integer, and the fraction it lost lies above that sum, whatever the
+// signs.
 template <class Magnitude>
 QV8NUMERIC_INLINE NumericStatus add_to_kept(const Numeric& kept, Magnitude other, bool other_negative, uint64_t digits,
                                             uint32_t mode, Numeric& result) {
@@ -91,17 +92,18 @@ QV8NUMERIC_INLINE NumericStatus combine(const NumericInfo& a_info, const Numeric
                                         const NumericInfo& result_info, const Numeric& a, const Numeric& b,
                                         Numeric& result) {
     if (!are_rounding_modes(a_info, b_info, result_info)) return NUMERIC_INVALID_ARGUMENT;
-    const auto a_places = static_cast<uint64_t>(int64_t{a_info.scale} - result_info.scale);
-    const auto b_places = static_cast<uint64_t>(int64_t{b_info.scale} - result_info.scale);
+    const int64_t a_places = int64_t{a_info.scale} - result_info.scale;
+    const int64_t b_places = int64_t{b_info.scale} - result_info.scale;
     if ((a_places | b_places) == 0) return Operation::same_scale(a, b, result);
-    if (a_places == 0 && b_places <= pair_digits) {
+    const uint32_t mode = result_info.rounding_mode;
+    if (a_places == 0 && b_places > 0) {
         const bool negative = is_negative(Operation::addend(b));
-        return add_to_kept(a, magnitude_as<Magnitude>(b), negative, b_places, result_info.rounding_mode, result);
+        return add_to_kept(a, magnitude_as<Magnitude>(b), negative, static_cast<uint64_t>(b_places), mode, result);
     }
-    if (b_places == 0 && a_places <= pair_digits) {
-        const Numeric kept = Operation::addend(b);
-        return add_to_kept(kept, magnitude_as<Magnitude>(a), is_negative(a), a_places, result_info.rounding_mode,
-                           result);
+    if (b_places == 0 && a_places > 0) {
+        const bool negative = is_negative(a);
+        return add_to_kept(Operation::addend(b), magnitude_as<Magnitude>(a), negative, static_cast<uint64_t>(a_places),
+                           mode, result);
     }
     return combine_exactly<Operation, Doubled<Magnitude>>(a_info, b_info, result_info, a, b, result);
 }

@@ -86,6 +86,10 @@ constexpr RescalingRow kRows[] = {
     {"60 places apart, the kept part is visible", "1", 0, "2^127-1", 60, 38, kDown, NUMERIC_INEXACT,
      "10^38+17014118346046923"},
     {"60 places apart at the limit", "2^127-1", 0, "-1", 60, 0, kDown, NUMERIC_INEXACT, "2^127-2"},
+    {"60 places apart, the coarser operand of one word", "7", 0, "-2^127+1", 60, 0, kFloor, NUMERIC_INEXACT, "6"},
+    {"as far apart as scales go, up", "7", INT32_MIN, "1", INT32_MAX, INT32_MIN, kUp, NUMERIC_INEXACT, "8"},
+    {"as far apart as scales go, the finer one first", "-1", INT32_MAX, "7", INT32_MIN, INT32_MIN, kFloor,
+     NUMERIC_INEXACT, "6"},
 
     // What was cut breaks a tie.
     {"a tie and something far below", "5", 1, "1", 70, 0, kHalfDown, NUMERIC_INEXACT, "1"},
