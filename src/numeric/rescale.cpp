@@ -11,6 +11,15 @@ namespace {
 // All four upper limbs alike. They need not equal the sign, and the values that pass here are part of the interface.
 bool upper_limbs_agree(const ExtendedNumeric& x) { return x.word[2] == x.word[3] && limb(x, 4) == limb(x, 5); }
 
+// What was moved, in two's complement. The sign is that of the bits, so a negative value that rounded to zero is
+// refused too; all as an overflow, on either side.
+NumericStatus narrow_moved(const ExtendedNumeric& moved, bool negative, Numeric& dst) {
+    const Numeric result = from_bits(low_half(moved));
+    if (is_negative(result) != negative || !upper_limbs_agree(moved)) return refuse(false, dst);
+    dst = result;
+    return NUMERIC_OK;
+}
+
 // The general road: a rounding in place where digits go, then the move in two's complement.
 QV8NUMERIC_ASIDE NumericStatus rescale(const NumericInfo& from, const NumericInfo& to, const Numeric& src,
                                        Numeric& value) {
@@ -21,25 +30,18 @@ QV8NUMERIC_ASIDE NumericStatus rescale(const NumericInfo& from, const NumericInf
     // coefficient -2^127, which the sign check refuses for a positive value and lets through for a negative one.
     if (places < 0) (void)numeric_truncation_inline(from, to.scale, from.scale, value, to.rounding_mode);
     Fraction ignored{};  // after the rounding only zeros are left to drop, but for the case just named
-    const ExtendedNumeric moved = moved_by(value, places, ignored);
-    // The sign is that of the bits, so a negative value that rounds to zero is refused too.
-    const Numeric result = from_bits(low_half(moved));
-    if (is_negative(result) != negative || !upper_limbs_agree(moved)) {
-        return refuse(false, value);  // as an overflow, on either side
-    }
-    value = result;
-    return NUMERIC_OK;
+    return narrow_moved(moved_by(value, places, ignored), negative, value);
 }
 
-// More places. What is not plainly in range is left to the general road.
+// More places: up to 38 of them make a product that 256 bits hold in any case.
 QV8NUMERIC_ASIDE NumericStatus lengthen(const NumericInfo& from, const NumericInfo& to, const Numeric& src,
                                         Numeric& dst) {
+    const auto digits = static_cast<uint64_t>(int64_t{to.scale} - from.scale);
+    if (digits > pair_digits) return rescale(from, to, src, dst);
     const bool negative = is_negative(src);
-    WordPair magnitude = magnitude_of(src);
-    unsigned overflow = 0;
-    scale_up(magnitude, static_cast<uint64_t>(int64_t{to.scale} - from.scale), overflow);
-    if (overflow != 0 || !fits(magnitude)) return rescale(from, to, src, dst);
-    dst = with_sign(magnitude, negative);
+    const ExtendedNumeric product = multiply_by_power(magnitude_of(src), digits);
+    if (!fits(product)) return narrow_moved(negated_if(negative, product), negative, dst);
+    dst = with_sign(product, negative);
     return NUMERIC_OK;
 }
 
