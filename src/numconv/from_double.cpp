@@ -21,10 +21,9 @@ constexpr bool is_finite_nonzero(uint64_t bits) {
 
 constexpr bool is_negative(uint64_t bits) { return bits >> 63 != 0; }
 
-// Significands of 64 bits, the leading one set: of a double, and of a power of ten up to 10^19. (A subnormal double
-// gets a leading bit that it does not have. It is so small that only its being there matters.)
+// 64 bits, the leading one set. (A subnormal double gets a leading bit that it does not have. It is so small that only
+// its being there matters.)
 constexpr uint64_t significand_of(uint64_t bits) { return sign_bit | bits << (63 - fraction_bits); }
-constexpr uint64_t significand_of(const DecimalPower& ten) { return ten.power.low << (63 - ten.shift); }
 
 // The bits before the binary point of a double times a power of ten, or one more; negative for zeros behind it.
 constexpr int64_t product_length(uint64_t bits, const DecimalPower& ten) {
@@ -61,7 +60,7 @@ constexpr FixedPoint scale_by_two(FixedPoint x, int64_t length) {
 
 // The significand of a double times that of a power of ten up to 10^38, as an integer of 128 bits and what follows.
 constexpr FixedPoint multiply_significands(uint64_t bits, const DecimalPower& ten) {
-    if (ten.power.high == 0) return {multiply_words(significand_of(bits), significand_of(ten)), {0, 0}, 0};
+    if (ten.power.high == 0) return {multiply_words(significand_of(bits), ten.significand), {0, 0}, 0};
     const ExtendedNumeric product = multiply(shift_left(ten.power, 127 - ten.shift), significand_of(bits));
     return {{product.word[2], product.word[1]}, {product.word[0], 0}, 0};
 }
@@ -70,9 +69,9 @@ constexpr Fraction fraction_of(const FixedPoint& x) {
     return binary_fraction(x.fraction.high, x.fraction.low | x.more);
 }
 
-// At scales up to 19 the product is two words, of which results below 2^63 keep bits of the upper one alone.
+// At scales up to 27 the product is two words, of which results below 2^63 keep bits of the upper one alone.
 NumericStatus word_from_double(uint64_t bits, unsigned length, const DecimalPower& ten, uint32_t mode, Numeric& out) {
-    const WordPair product = multiply_words(significand_of(bits), significand_of(ten));
+    const WordPair product = multiply_words(significand_of(bits), ten.significand);
     const WordPair x = shift_left(WordPair{0, product.high}, length);
     return round_narrow(x.high, binary_fraction(x.low, product.low), is_negative(bits), mode, 0, out);
 }
@@ -80,7 +79,7 @@ NumericStatus word_from_double(uint64_t bits, unsigned length, const DecimalPowe
 // Results of more than 64 bits, up to 127, are the product but for its last 1 to 63 bits.
 QV8NUMERIC_ASIDE NumericStatus words_from_double(uint64_t bits, unsigned length, const DecimalPower& ten, uint32_t mode,
                                                  Numeric& out) {
-    const WordPair product = multiply_words(significand_of(bits), significand_of(ten));
+    const WordPair product = multiply_words(significand_of(bits), ten.significand);
     const unsigned down = 128 - length;
     const Fraction dropped = binary_fraction(product.low << (64 - down), 0);
     return round_narrow(shift_right(product, down), dropped, is_negative(bits), mode, 0, out);
@@ -138,7 +137,7 @@ extern "C" NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out
     const auto bits = std::bit_cast<uint64_t>(value);
     const auto places = static_cast<uint32_t>(info->scale);
     if (!is_finite_nonzero(bits)) return from_double_in_steps(bits, *info, *out);
-    if (places <= word_digits) {
+    if (places <= significand_digits) {
         const DecimalPower& ten = decimal_power[places];
         const auto length = static_cast<uint64_t>(product_length(bits, ten));
         if (length < 64) return word_from_double(bits, static_cast<unsigned>(length), ten, info->rounding_mode, *out);

@@ -16,6 +16,9 @@ namespace qv8numeric {
 inline constexpr unsigned word_digits = 19;
 inline constexpr unsigned pair_digits = 38;
 
+// The largest one whose bits, but for zeros at the end, fit one word: 5^27 < 2^63.
+inline constexpr unsigned significand_digits = 27;
+
 // d = 10^k with b bits: 2^(b-1) < d < 2^b. (10^0 is there to multiply by; nothing divides by it.)
 //
 // A quotient by d is a multiplication by m = floor(2^(n+b) / d) + 1, which has n + 1 bits, and a shift by n + b
@@ -27,6 +30,7 @@ struct alignas(64) DecimalPower {
     WordPair reciprocal;       // m for n = 127: of every magnitude of a coefficient
     uint64_t word_reciprocal;  // m for n = 63, where d fits one word
     uint64_t long_reciprocal;  // of the normalized d, for long division: of one word up to 10^19, of two beyond
+    uint64_t significand;      // the leading 64 bits of d, the first of them set; all of d up to 10^27
     unsigned shift;            // b - 1: what is left to shift after taking the upper half of x * m
 };
 static_assert(sizeof(DecimalPower) == 64);  // one cache line
@@ -56,13 +60,15 @@ constexpr WordPair power_of_two_by(WordPair d, unsigned exponent) {
 
 constexpr DecimalPower record_of(WordPair d) {
     const unsigned bits = bit_length(d);
-    DecimalPower record{d, wrapping_add(power_of_two_by(d, 127 + bits), WordPair{0, 1}), 0, 0, bits - 1};
+    DecimalPower record{d, wrapping_add(power_of_two_by(d, 127 + bits), WordPair{0, 1}), 0, 0, 0, bits - 1};
     if (d.high == 0) {
+        record.significand = d.low << (64 - bits);
         record.word_reciprocal = power_of_two_by(d, 63 + bits).low + 1;
-        record.long_reciprocal = reciprocal_of(d.low << (64 - bits));
+        record.long_reciprocal = reciprocal_of(record.significand);
     } else {
-        const unsigned up = 128 - bits;
-        record.long_reciprocal = reciprocal_of(WordPair{d.high << up | d.low >> (64 - up), d.low << up});
+        const WordPair normalized = shift_left(d, 128 - bits);
+        record.significand = normalized.high;
+        record.long_reciprocal = reciprocal_of(normalized);
     }
     return record;
 }
@@ -84,6 +90,7 @@ static_assert(decimal_power[1].word_reciprocal == 0xcccccccccccccccd && decimal_
 static_assert(decimal_power[1].reciprocal == WordPair{0xcccccccccccccccc, 0xcccccccccccccccd});
 static_assert(decimal_power[19].power == WordPair{0, 0x8ac7230489e80000});
 static_assert(decimal_power[19].long_reciprocal == 0xd83c94fb6d2ac34a);
+static_assert(decimal_power[significand_digits].significand == 0xcecb8f27f4200f3a);
 static_assert(decimal_power[38].power == WordPair{0x4b3b4ca85a86c47a, 0x098a224000000000});
 
 }  // namespace qv8numeric

@@ -61,8 +61,7 @@ QV8NUMERIC_INLINE constexpr bool divide_by_power(const ExtendedNumeric& x, uint6
     const DecimalPower& ten = decimal_power[digits];
     if (digits <= word_digits) {
         if (x.word[3] != 0 || x.word[2] >= ten.power.low) return false;
-        const unsigned up = 63 - ten.shift;
-        division = divide(x, Normalized<uint64_t>{ten.power.low << up, up, ten.long_reciprocal});
+        division = divide(x, Normalized<uint64_t>{ten.significand, 63 - ten.shift, ten.long_reciprocal});
     } else {
         if (high_half(x) >= ten.power) return false;
         const unsigned up = 127 - ten.shift;

@@ -33,6 +33,7 @@ TEST(DecimalPowers, EveryRecordIsItsDefinition) {
         EXPECT_EQ(integer(record.power), d);
         EXPECT_EQ(record.shift, msb(d));
         EXPECT_EQ(Integer{record.long_reciprocal}, long_reciprocal_by_definition(d));
+        EXPECT_EQ(Integer{record.significand}, (d << (127 - msb(d))) >> 64);
         if (k == 0) continue;  // nothing divides by 1
         EXPECT_EQ(integer(record.reciprocal), reciprocal_by_definition(d, 127));
         if (k > word_digits) continue;
@@ -41,6 +42,8 @@ TEST(DecimalPowers, EveryRecordIsItsDefinition) {
 }
 
 TEST(DecimalPowers, LastOnesThatFit) {
+    EXPECT_EQ(power(10, significand_digits) % two_to(msb(power(10, significand_digits)) - 63), 0);
+    EXPECT_NE(power(10, significand_digits + 1) % two_to(msb(power(10, significand_digits + 1)) - 63), 0);
     EXPECT_LT(power(10, word_digits), two_to(64));
     EXPECT_GT(power(10, word_digits + 1), two_to(64));
     EXPECT_LT(power(10, pair_digits), two_to(127));
