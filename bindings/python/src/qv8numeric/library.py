@@ -64,7 +64,8 @@ def candidates() -> Iterator[str]:
 
 def source_tree() -> pathlib.Path:
     """The folder above bindings/python/src/qv8numeric. Of an installed package it is some other one, without builds."""
-    return pathlib.Path(__file__).resolve().parents[4]
+    above = pathlib.Path(__file__).resolve().parents
+    return above[min(4, len(above) - 1)]
 
 
 def built(tree: pathlib.Path) -> List[pathlib.Path]:
