@@ -159,6 +159,16 @@ def test_fractions() -> None:
         assert seen(Fixed.rounded(Fraction(numerator, denominator), into)) == expected, (numerator, denominator, into)
 
 
+def test_fractions_near_a_tie() -> None:
+    for places in (50, 100, 1000):
+        for sign in (-1, 1):
+            above, below = (Fraction(sign * (5 * 10**places + more), 10 ** (places + 1)) for more in (1, -1))
+            for mode, expected in ((Rounding.HALF_DOWN, (1, 0)), (Rounding.HALF_UP, (1, 0)), (Rounding.UP, (1, 1))):
+                for value, unit in zip((above, below), expected):
+                    outcome = seen(Fixed.rounded(value, Info(0, mode)))
+                    assert outcome == (sign * unit, Status.INEXACT), (places, sign, mode)
+
+
 def test_coefficients() -> None:
     for coefficient in INTERESTING:
         value = Fixed.from_coefficient(coefficient, MONEY)

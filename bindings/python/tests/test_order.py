@@ -86,6 +86,7 @@ def test_nothing_is_in_order_with_nan(nan: "float | Decimal") -> None:
 
 
 def test_nan_in_a_set() -> None:
+    assert hash(NAN) == object.__hash__(NAN), "equal to itself alone"
     assert len({NAN, NAN}) == 1
     assert len({NAN, Fixed.nan(Info(2))}) == 2
 

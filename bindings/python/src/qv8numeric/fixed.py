@@ -262,7 +262,7 @@ class Fixed:
         negative one is divided as its magnitude by the divisor of the other sign.
         """
         _check_machine_integer(divisor)
-        negative = self._numeric.high < 0 and not self.is_nan
+        negative = self._numeric.high < 0  # also that of NaN, which stays what it is
         out = _negated(self._numeric) if negative else _copy(self._numeric)
         signed = -divisor if negative else divisor
         status = raw.QV8NumericDiv(out, self._info.struct, signed)
@@ -589,7 +589,7 @@ def _copy(numeric: Numeric) -> Numeric:
 
 
 def _negated(numeric: Numeric) -> Numeric:
-    """Of any value but NaN, which the range holds too."""
+    """The range holds the negative of every value; that of NaN is NaN."""
     out = Numeric()
     raw.QV8NumericSub(_ZERO, numeric, out)
     return out
