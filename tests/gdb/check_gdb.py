@@ -69,6 +69,7 @@ STATIC = [
     Row('an element', 'qv8 ledger[1] 2', '-0.01'),
     Row('an array of arrays', 'qv8 table 1', '{{0.1, 0.2}, {0.3, 0.4}}'),
     Row('a long array ends at the limit', 'qv8 many 0', '{' + ', '.join(200 * '0') + '...}'),
+    Row('one element beyond it', 'qv8 *many@201 0', '{' + ', '.join(200 * '0') + '...}'),
     Row('an array just within the limit', 'qv8 *many@200 0', '{' + ', '.join(200 * '0') + '}'),
     Row('a pointer stands for what it points to', 'qv8 price_pointer 2', '123.45'),
     Row('the address of a value', 'qv8 &price 2', '123.45'),
