@@ -123,25 +123,25 @@ def test_the_buffer_always_suffices() -> None:
                     assert len(shown) < text.text_size(shift, places, groups)
 
 
-SPECS = [
+LAYOUTS = [
     ("", "1234.565"), ("f", "1234.565"), (".2f", "1234.56"), (".2", "1234.56"), (",", "1,234.565"), (",.0f", "1,235"),
     ("+", "+1234.565"), (" ,.1f", " 1,234.6"), ("-.2f", "1234.56"), (">12", "    1234.565"), ("<12", "1234.565    "),
     ("^12", "  1234.565  "), ("*>+12,.2f", "***+1,234.56"), ("12.2f", "     1234.56"), ("3", "1234.565"),
 ]  # fmt: skip
 
 
-@pytest.mark.parametrize("spec, expected", SPECS)
-def test_format_specifications(spec: str, expected: str) -> None:
+@pytest.mark.parametrize("wanted, expected", LAYOUTS)
+def test_layouts(wanted: str, expected: str) -> None:
     value = Fixed("1234.565", Info(3))
-    assert format(value, spec) == expected
-    as_decimal = spec + "f" if "." in spec and "f" not in spec else spec
+    assert format(value, wanted) == expected
+    as_decimal = wanted + "f" if "." in wanted and "f" not in wanted else wanted
     assert format(Decimal("1234.565"), as_decimal) == expected, "as Python's own"
 
 
-@pytest.mark.parametrize("spec", ["d", "e", ".f", "012", "=12", ",,", ".2,f", "%", "#"])
-def test_other_specifications_are_refused(spec: str) -> None:
+@pytest.mark.parametrize("wanted", ["d", "e", ".f", "012", "=12", ",,", ".2,f", "%", "#"])
+def test_other_layouts_are_refused(wanted: str) -> None:
     with pytest.raises(ValueError, match="places"):
-        format(money("1"), spec)
+        format(money("1"), wanted)
 
 
 PARSED = [

@@ -431,13 +431,13 @@ class Fixed:
     def __str__(self) -> str:
         return text.plain(self._numeric, self._info)
 
-    def __format__(self, spec: str) -> str:
+    def __format__(self, wanted: str) -> str:
         """[[fill]align][sign][width][,][.places][f], as for other numbers; rounded by the mode.
 
         >>> f"{Fixed('1234.565', Info(3)):>12,.2f}"
         '    1,234.56'
         """
-        layout = text.Layout.of(spec)
+        layout = text.Layout.of(wanted)
         if self.is_nan:
             return layout.aligned("NaN")
         shown = checked(self.format(layout.places, groups=layout.groups)) if layout.numeric else str(self)

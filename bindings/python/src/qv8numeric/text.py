@@ -64,12 +64,12 @@ def plain(value: raw.Numeric, info: Info) -> str:
     return f"{digits}E{-scale:+d}"
 
 
-_SPEC = re.compile(r"(?:(?P<fill>.)?(?P<align>[<>^]))?(?P<sign>[+ -])?(?P<width>[1-9]\d*)?(?P<groups>,)?"
+_LAYOUT = re.compile(r"(?:(?P<fill>.)?(?P<align>[<>^]))?(?P<sign>[+ -])?(?P<width>[1-9]\d*)?(?P<groups>,)?"
                    r"(?:\.(?P<places>\d+))?(?P<type>f)?", re.DOTALL)
 
 
 class Layout(NamedTuple):
-    """What a format specification asks for."""
+    """What the text behind the colon in f"{value:...}" asks for."""
 
     fill: str
     align: str
@@ -81,10 +81,10 @@ class Layout(NamedTuple):
     numeric: bool
 
     @staticmethod
-    def of(spec: str) -> "Layout":
-        match = _SPEC.fullmatch(spec)
+    def of(wanted: str) -> "Layout":
+        match = _LAYOUT.fullmatch(wanted)
         if match is None:
-            raise ValueError(f"'{spec}' is not [[fill]align][sign][width][,][.places][f]")
+            raise ValueError(f"'{wanted}' is not [[fill]align][sign][width][,][.places][f]")
         places = None if match["places"] is None else int(match["places"])
         numeric = bool(match["groups"] or match["type"] or places is not None)
         return Layout(match["fill"] or " ", match["align"] or ">", match["sign"] or "-", int(match["width"] or 0),
