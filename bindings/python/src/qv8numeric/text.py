@@ -65,7 +65,7 @@ def plain(value: raw.Numeric, info: Info) -> str:
 
 
 _LAYOUT = re.compile(r"(?:(?P<fill>.)?(?P<align>[<>^]))?(?P<sign>[+ -])?(?P<width>[1-9]\d*)?(?P<groups>,)?"
-                   r"(?:\.(?P<places>\d+))?(?P<type>f)?", re.DOTALL)
+                     r"(?:\.(?P<places>\d+))?(?P<type>f)?", re.DOTALL)
 
 
 class Layout(NamedTuple):
