@@ -101,22 +101,6 @@ expect 'runs code at start or end' check archive bad.a names
 archive "$code"
 expect 'undefined reference' check static_link "$CC" "$folder/bad.a" "$SOURCE/include" names
 
-# readme PROGRAM_LINE: a README whose program prints 1, and says so if the line is right.
-readme() {
-    # shellcheck disable=SC2016  # quotes of a README, not of the shell
-    printf '```c\n#include <stdio.h>\nint f(void);\n%s\n```\n\n    1\n\nIt prints 1.\n' "$1" > README.md
-}
-
-readme 'int main(void) { printf("%d\n", f()); return 0; }'
-archive 'int f(void) { return 1; }'
-check readme "$CC" "$folder/bad.a" "$SOURCE/include" README.md
-archive 'int f(void) { return 2; }'
-expect "prints '2" check readme "$CC" "$folder/bad.a" "$SOURCE/include" README.md
-readme 'int main(void) { int unused; return f(); }'
-expect 'does not compile' check readme "$CC" "$folder/bad.a" "$SOURCE/include" README.md
-: > README.md
-expect 'shows no program' check readme "$CC" "$folder/bad.a" "$SOURCE/include" README.md
-
 # header SED_COMMAND: the public header with one change.
 header() {
     sed "$1" "$SOURCE/include/qv8numeric.h" > qv8numeric.h

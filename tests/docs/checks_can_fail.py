@@ -1,0 +1,105 @@
+# SPDX-License-Identifier: MIT
+"""Feeds the checks of this folder something that is wrong in one way, and expects them to say so.
+
+usage: checks_can_fail.py C_COMPILER CXX_COMPILER ARCHIVE SOURCE_FOLDER
+"""
+from __future__ import annotations
+
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+from typing import Iterator, Optional
+
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path[:0] = [str(HERE.parent / "interface")]
+
+from checking import finish  # noqa: E402
+
+PROGRAM = '''```c
+#include <stdio.h>
+
+int main(void) {
+    puts("1");
+    return 0;
+}
+```
+
+    1
+'''
+
+# finding, what is replaced, by what
+PROGRAM_ROWS = (
+    ("", "", ""),
+    ("prints '2", '"1"', '"2"'),
+    ("does not compile", '    puts("1");', "    int unused;"),
+    ("ends with status 3", "return 0", "return 3"),
+    ("its output is not shown", "\n    1\n", "\n"),
+    ("no page shows a program", "```c", "```sh"),
+)
+
+# finding, file, what is replaced, by what; `man` writes the pages anew from the changed files
+CURRENT, RENEWED = False, True
+MAN_ROWS = (
+    ("", "include/qv8numeric.h", "", "", CURRENT),
+    ("not what docs/tools/man.py writes", "docs/man/QV8NumericAdd.3", "the exact result", "the result", CURRENT),
+    ("not what docs/tools/man.py writes", "include/qv8numeric.h", "Never rounds.", "Does not round.", CURRENT),
+    ("no page names it", "tests/interface/exported_names.txt", "QV8NumericSub", "QV8NumericSubtract", CURRENT),
+    ("says less than the header", "docs/tools/man.py", 'for block in blocks:\n        if lines',
+     'for block in blocks:\n        if getattr(block, "text", "").endswith("Never rounds."):\n            continue\n        if lines',
+     RENEWED),
+    ("lacks the prototype", "docs/tools/man.py", '" ".join([f".Fn {function.name}", *(', '" ".join([f".Fn {function.name}2", *(',
+     RENEWED),
+    ("names what the header does not", "docs/functions/QV8NumericAdd.md", "19.99", "NUMERIC_STRANGE", RENEWED),
+    ("wider than", "docs/functions/QV8NumericAdd.md", '"19.99"', '"19.99' + 60 * "0" + '"', RENEWED),
+    ("WARNING", "docs/tools/man.py", '".Sh DESCRIPTION"]', '".Sh DESCRIPTION", ".Pp"]', RENEWED),
+)
+
+
+def judged(name: str, expected: str, result: subprocess.CompletedProcess[str]) -> Optional[str]:
+    if expected == "":
+        return None if result.returncode == 0 else f"{name}: refuses what is right:\n{result.stdout}"
+    if result.returncode == 0:
+        return f"{name}: accepts what is wrong ({expected})"
+    return None if expected in result.stdout else f'{name}: fails without saying "{expected}":\n{result.stdout}'
+
+
+def run(*command: object) -> subprocess.CompletedProcess[str]:
+    return subprocess.run([sys.executable, "-B", *map(str, command)], stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                          text=True)
+
+
+def program_findings(arguments: list[str], folder: pathlib.Path) -> Iterator[Optional[str]]:
+    page = folder / "page.md"
+    for expected, old, new in PROGRAM_ROWS:
+        page.write_text(PROGRAM.replace(old, new) if old else PROGRAM, encoding="utf-8")
+        yield judged("programs", expected, run(HERE / "programs.py", *arguments, page))
+
+
+def man_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optional[str]]:
+    if not shutil.which("mandoc"):
+        print("the check of the manual pages left out: no mandoc")
+        return
+    for number, (expected, name, old, new, renewed) in enumerate(MAN_ROWS):
+        tree = folder / str(number)
+        for part in ("include", "docs", "tests/interface", "tests/docs"):
+            shutil.copytree(source / part, tree / part)
+        text = (tree / name).read_text(encoding="utf-8")
+        if old not in text:
+            yield f"{name} has no {old!r} any more"
+            continue
+        (tree / name).write_text(text.replace(old, new, 1), encoding="utf-8")
+        if renewed:
+            run(tree / "docs/tools/man.py", tree / "include/qv8numeric.h", tree / "docs/functions", tree / "docs/man")
+        yield judged("man_pages", expected, run(tree / "tests/docs/man_pages.py", tree))
+
+
+def main(*arguments: str) -> None:
+    with tempfile.TemporaryDirectory() as scratch:
+        folder = pathlib.Path(scratch)
+        findings = [*program_findings(list(arguments), folder), *man_findings(pathlib.Path(arguments[-1]), folder)]
+    finish([finding for finding in findings if finding])
+
+
+main(*sys.argv[1:])
