@@ -23,6 +23,7 @@ from checking import finish  # noqa: E402
 STRICT = ("-Wall", "-Wextra", "-Wpedantic", "-Werror")
 STANDARD = {"c": "-std=c99", "cpp": "-std=c++17"}
 SECONDS = 20
+WIDEST = 88  # columns that the site shows without scrolling
 
 
 def pages_of(source: pathlib.Path) -> list[pathlib.Path]:
@@ -54,6 +55,9 @@ def main(c_compiler: str, cxx_compiler: str, archive: str, source_folder: str, *
         findings = pool.map(lambda item: finding(item[1][1], compilers[item[1][1].language], archive, source,
                                                  f"{folder}/{item[0]}"), enumerate(found))
         wrong = [f"{page}:{program.line}: {what}" for (page, program), what in zip(found, findings) if what]
+    wrong += [f"{page}:{program.line + number}: wider than {WIDEST} columns" for page, program in found
+              if source / "docs" in page.parents for number, line in enumerate(program.code.split("\n"))
+              if len(line) > WIDEST]
     if not found:
         wrong.append("no page shows a program")
     print(f"{len(found)} programs on {len(pages)} pages")
