@@ -57,6 +57,7 @@ html_permalinks_icon = "#"
 pygments_style = "vs"
 pygments_dark_style = "github-dark"
 highlight_language = "none"
+suppress_warnings = ["misc.highlighting_failure"]  # a language without colours here
 add_function_parentheses = False
 html_theme_options = {
     "light_css_variables": {

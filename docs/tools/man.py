@@ -245,6 +245,9 @@ def overview(header: Header, note: Note, titles: dict[str, tuple[list[str], str]
               ".Bl -bullet -compact"]
     for item in note.items:
         lines += [".It", *flowing(item.replace("`", ""), none, none)]
+    lines += [".El", ".Ss Macros", ".Bl -tag -width Ds"]
+    for names, blocks in header.macros:
+        lines += [f".It Dv {' , '.join(names)}", *rendered(blocks, none, none)]
     lines += [".El", ".Ss Functions", ".Bl -tag -width Ds -compact"]
     for names, title in titles.values():
         lines += [".It " + " , ".join(f"Xr {name} 3" for name in names), title]

@@ -103,6 +103,7 @@ class Header:
     version: str
     introduction: list[Block]
     types: dict[str, list[Block]]  # Numeric, NumericInfo, NumericStatus: the comment above each
+    macros: list[tuple[list[str], list[Block]]]  # the version, and what a program may define: names and the comment
     statuses: list[Constant]
     modes: list[Mode]
     entries: list[Entry]
@@ -303,7 +304,12 @@ def read(text: str) -> Header:
     types = {name: _comment_above(text, declaration) for name, declaration in (
         ("Numeric", "typedef struct Numeric {"), ("NumericInfo", "typedef struct NumericInfo {"),
         ("NumericStatus", "typedef int32_t NumericStatus;"))}
+    debugging = next(title for title in SECTION.findall(text) if "QV8NUMERIC_NO_DEBUG" in title)
+    macros = [(re.findall(r"#define (QV8NUMERIC_VERSION\w*)", text),
+               _comment_above(text, "#define QV8NUMERIC_VERSION_MAJOR")),
+              (["QV8NUMERIC_STATIC"], _comment_above(text, "#if defined(_WIN32)")),
+              (["QV8NUMERIC_NO_DEBUG"], [Text(f"{debugging}.")])]
     modes = [Mode(c.name, c.value, [int(n) for n in c.meaning.split()[:4]], " ".join(c.meaning.split()[4:]))
              for c in _constants(text, "NUMERIC_ROUND_")]
     statuses = [c for c in _constants(text, "NUMERIC_") if not c.name.startswith("NUMERIC_ROUND_")]
-    return Header(version.group(1), blocks_of(introduction), types, statuses, modes, _entries(text))
+    return Header(version.group(1), blocks_of(introduction), types, macros, statuses, modes, _entries(text))

@@ -76,16 +76,16 @@ class Drawing:
 
 
 def model() -> str:
-    drawing = Drawing(560, 150, "The coefficient 123456 with scale 2 beside it is 1234.56")
-    drawing.text(130, 22, "Numeric, 16 bytes", "middle strong")
-    drawing.box(20, 34, 220, 46, [("123456", "code")])
-    drawing.text(390, 22, "NumericInfo, 8 bytes", "middle strong")
-    drawing.box(270, 34, 90, 46, [("2", "code")])
-    drawing.box(360, 34, 180, 46, [("HALF_EVEN", "code")])
-    drawing.text(130, 102, "the coefficient: one for each value", "middle small soft")
-    drawing.text(315, 102, "scale", "middle small soft")
-    drawing.text(450, 102, "rounding mode", "middle small soft")
-    drawing.text(280, 136, "123456 × 10⁻² = 1234.56", "middle")
+    drawing = Drawing(400, 132, "The coefficient 123456 with scale 2 beside it is 1234.56")
+    drawing.text(85, 20, "Numeric, 16 bytes", "middle strong")
+    drawing.box(4, 32, 162, 40, [("123456", "code")])
+    drawing.text(290, 20, "NumericInfo, 8 bytes", "middle strong")
+    drawing.box(184, 32, 62, 40, [("2", "code")])
+    drawing.box(246, 32, 150, 40, [("HALF_EVEN", "code")])
+    drawing.text(85, 91, "the coefficient", "middle small soft")
+    drawing.text(215, 91, "scale", "middle small soft")
+    drawing.text(321, 91, "rounding mode", "middle small soft")
+    drawing.text(200, 122, "123456 × 10⁻² = 1234.56", "middle")
     return drawing.done()
 
 
@@ -103,17 +103,17 @@ AROUND = {
 
 def modes() -> str:
     """Two stretches of the number line, the negative one on the left, and a row for each mode."""
-    top, step, bottom = 44, 34, 300
-    drawing = Drawing(560, 372, "Where each mode takes the numbers from 2 to 3 and from -3 to -2")
-    panels = ((360.0, 180.0, "2", "2.5", "3"), (310.0, -180.0, "-2", "-2.5", "-3"))
+    top, step, bottom = 44, 30, 258
+    drawing = Drawing(420, 346, "Where each mode takes the numbers from 2 to 3 and from -3 to -2")
+    panels = ((270.0, 140.0, "2", "2.5", "3"), (235.0, -140.0, "-2", "-2.5", "-3"))
     for start, length, *labels in panels:
         for part, label in zip((0, 0.5, 1), labels):
             x = start + part * length
             drawing.text(x, 20, label, "middle strong" if part != 0.5 else "middle soft")
-            drawing.line(x, 28, x, bottom - 14, "grid")
+            drawing.line(x, 28, x, bottom - 6, "grid")
     for row, (mode, sides) in enumerate(AROUND.items()):
-        y = top + row * step + 8
-        drawing.text(112, y + 5, mode, "end code")
+        y = top + row * step
+        drawing.text(82, y + 5, mode, "end code")
         for (start, length, *_), (below, tie, above) in zip(panels, sides):
             kinds = ["away" if away else "near" for away in (below, tie, above)]
             near, middle, far = start + length * 0.02, start + length / 2, start + length * 0.98
@@ -124,12 +124,13 @@ def modes() -> str:
                 drawing.along(middle - inward, near, y, kinds[0])
                 drawing.along(middle + inward, far, y, kinds[2])
             drawing.dot(middle, y, kinds[1])
-    drawing.dot(30, bottom + 8, "near")
-    drawing.text(44, bottom + 13, "to the magnitude 2", "small")
-    drawing.dot(204, bottom + 8, "away")
-    drawing.text(218, bottom + 13, "to the magnitude 3", "small")
-    drawing.text(24, bottom + 38, "The dot is the tie. HALF_EVEN takes it to the even neighbour: 2.5 to 2, and 3.5 to 4.", "small soft")
-    drawing.text(24, bottom + 60, "2 and 3 themselves stay what they are in every mode.", "small soft")
+    drawing.dot(16, bottom + 14, "near")
+    drawing.text(30, bottom + 19, "to the magnitude 2", "small")
+    drawing.dot(186, bottom + 14, "away")
+    drawing.text(200, bottom + 19, "to the magnitude 3", "small")
+    for line, text in enumerate(("The dot is the tie. HALF_EVEN takes it to the even neighbour:",
+                                 "2.5 to 2, and 3.5 to 4. 2 and 3 stay what they are in all modes.")):
+        drawing.text(10, bottom + 48 + 20 * line, text, "small soft")
     return drawing.done()
 
 

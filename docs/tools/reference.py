@@ -25,6 +25,11 @@ PAGES = {
 }
 
 
+# The page of the oddities that shows a page's departures.
+ODDITIES = {"one-scale": "one-scale", "rescale": "change-of-scale", "rescaling": "rescaling", "text-out": "text-out",
+            "text-in": "text-in", "machine-integers": "machine-numbers", "doubles": "machine-numbers"}
+
+
 def page_of(section: str) -> str:
     """The parser's entry points stand with the debugging names."""
     return next((page for title, page in PAGES.items() if section.startswith(title)), PAGES["Debugging"])
@@ -49,7 +54,7 @@ def _cell(text: str) -> str:
 
 
 def _rows(rows: Rows, parameters: set[str]) -> Iterator[str]:
-    yield "| status | |" if rows.are_statuses else "| | |"
+    yield "| status | what it says |" if rows.are_statuses else "| | |"
     yield "| --- | --- |"
     for names, meaning in rows.rows:
         head = ", ".join(f"`{name}`" for name in names.split(", ")) if rows.are_statuses or names in parameters else \
@@ -87,14 +92,9 @@ def _without_lead(blocks: list[Block]) -> list[Block]:
 
 
 def _signatures(entry: Entry) -> Iterator[str]:
-    for language in ("c", "cpp"):
-        functions = [function for function in entry.functions if function.language == language]
-        if functions:
-            first, *others = functions
-            yield f"```{{{language}:function}} {first.prototype}"
-            yield from (other.prototype for other in others)
-            yield "```"
-            yield ""
+    for function in entry.functions:
+        yield f"```{{{function.language}:function}} {function.prototype}\n```"
+        yield ""
     for macro in entry.macros:
         yield f"```{{c:macro}} {macro.name}({', '.join(macro.parameters)})\n```"
         yield ""
@@ -114,6 +114,8 @@ def _entry(entry: Entry, note: Note, header: Header) -> Iterator[str]:
         yield "**Departures.**"
         yield ""
         yield from rendered(_without_lead(parts["CAVEATS"]), parameters)
+        yield f"Each of them with a program: [](../oddities/{ODDITIES[page_of(entry.section)]}.md)."
+        yield ""
     if parts["IMPLEMENTATION NOTES"]:
         yield ":::{admonition} Cost and method\n:class: note"
         yield ""
@@ -121,8 +123,7 @@ def _entry(entry: Entry, note: Note, header: Header) -> Iterator[str]:
         yield ":::"
         yield ""
     for example in note.examples:
-        if note.example:
-            yield from (note.example, "")
+        yield from (f"**Example.** {note.example}".rstrip(), "")
         yield f"```{example.language}\n{example.code}```"
         yield ""
         if example.output:
@@ -130,7 +131,7 @@ def _entry(entry: Entry, note: Note, header: Header) -> Iterator[str]:
             yield ""
 
 
-def _index(header: Header) -> Iterator[str]:
+def _index(header: Header, titles: dict[str, str]) -> Iterator[str]:
     none: set[str] = set()
     yield "# Reference"
     yield ""
@@ -165,9 +166,24 @@ def _index(header: Header) -> Iterator[str]:
     yield ""
     yield "![Seven modes around 2.5 and -2.5](../pictures/modes.svg)"
     yield ""
+    yield "## Macros"
+    yield ""
+    yield "| | |"
+    yield "| --- | --- |"
+    for names, blocks in header.macros:
+        meaning = " ".join(marked(block.text, none) for block in blocks if isinstance(block, Text))
+        yield f"| {', '.join(f'`{name}`' for name in names)} | {meaning} |"
+    yield ""
     yield "## Functions"
     yield ""
-    yield "```{toctree}\n:maxdepth: 2\n"
+    for title, page in PAGES.items():
+        yield f"[{title}]({page}.md)"
+        yield ""
+        for entry in header.entries:
+            if page_of(entry.section) == page:
+                yield f"- {', '.join(f'`{name}`' for name in entry.names)}: {titles[entry.names[0]]}"
+        yield ""
+    yield "```{toctree}\n:hidden:\n"
     yield from PAGES.values()
     yield "```"
     yield ""
@@ -175,10 +191,10 @@ def _index(header: Header) -> Iterator[str]:
 
 def pages(header: Header, functions: pathlib.Path) -> dict[str, str]:
     """File name to Markdown."""
-    lines: dict[str, list[str]] = {"index": list(_index(header))}
+    written = {entry.names[0]: notes.read(functions / f"{entry.names[0]}.md") for entry in header.entries}
+    lines = {"index": list(_index(header, {name: note.title for name, note in written.items()}))}
     for title, page in PAGES.items():
         lines[page] = [f"# {title}", ""]
     for entry in header.entries:
-        note = notes.read(functions / f"{entry.names[0]}.md")
-        lines[page_of(entry.section)] += _entry(entry, note, header)
+        lines[page_of(entry.section)] += _entry(entry, written[entry.names[0]], header)
     return {f"{page}.md": "<!-- SPDX-License-Identifier: MIT -->\n" + "\n".join(text) for page, text in lines.items()}

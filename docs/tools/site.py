@@ -5,47 +5,54 @@ usage: site.py SOURCE_FOLDER BUILD_FOLDER    (the site is BUILD_FOLDER/html)
 """
 from __future__ import annotations
 
+import os
 import pathlib
 import re
 import shutil
 import subprocess
 import sys
+from typing import Callable
 
 import links
 import manual
 import reference
+from manual import Header
 
 PARTS = ("guide", "oddities", "pictures", "programs")
-# Pages of the project that the site shows where they are there, and their captions in the index.
-BEHIND = ("assurance", "bounded-time", "performance", "internals")
+# Pages that the site shows where they are there, in this order.
+BEHIND = ("performance", "assurance", "bounded-time", "internals", "contributing", "changelog", "security")
 PROJECT = {"CHANGELOG.md": "changelog.md", "CONTRIBUTING.md": "contributing.md", "SECURITY.md": "security.md"}
 
 
-def linked(text: str, functions: set[str]) -> str:
-    """Functions named as code outside of code blocks and headings become links to the reference."""
-    out = []
-    fenced = False
-    for line in text.split("\n"):
-        if line.startswith("```"):
-            fenced = not fenced
-        if not fenced and not line.startswith("#"):
-            line = re.sub(r"(?<!`)`(\w+)`(?!`)", lambda m: f"{{c:func}}`{m.group(1)}`" if m.group(1) in functions else
-                          m.group(0), line)
-        out.append(line)
-    return "\n".join(out)
+def _prose(text: str, change: Callable[[str], str]) -> str:
+    """The text with all that is not in a fence changed."""
+    parts = re.split(r"(^```.*?^```$)", text, flags=re.MULTILINE | re.DOTALL)
+    return "".join(part if index % 2 else change(part) for index, part in enumerate(parts))
 
 
-def _project_page(text: str) -> str:
-    """A page from the top of the tree: its links into docs/ are to the pages beside it, those to files are dropped."""
+def linked(prose: str, functions: set[str]) -> str:
+    """Functions named as code become links to the reference, but not in headings."""
+    def role(match: re.Match[str]) -> str:
+        return f"{{c:func}}`{match.group(1)}`" if match.group(1) in functions else match.group()
+
+    return "\n".join(line if line.startswith("#") else re.sub(r"(?<!`)`(\w+)`(?!`)", role, line)
+                     for line in prose.split("\n"))
+
+
+def relinked(prose: str, path: pathlib.Path, shown: dict[pathlib.Path, pathlib.Path]) -> str:
+    """Links of a page to other pages of the project lead to where the site has them, pictures too; of one to a file that
+    the site does not show, the label is left."""
     def target(match: re.Match[str]) -> str:
-        label, path = match.group(1), match.group(2)
-        page, _, anchor = path.partition("#")
-        page = PROJECT.get(page, page.removeprefix("docs/") if page.startswith("docs/") else "")
-        if re.match(r"https?:", path):
-            return match.group(0)
-        return f"[{label}]({page}{'#' + anchor if anchor else ''})" if page.endswith(".md") else label
+        label, link = match.groups()
+        to, _, anchor = link.partition("#")
+        if not to or re.match(r"[a-z]+:", to):
+            return match.group()
+        found = shown.get((path.parent / to).resolve())
+        if not found:
+            return label
+        return f"[{label}]({os.path.relpath(found, shown[path].parent)}{'#' + anchor if anchor else ''})"
 
-    return re.sub(r"\[([^\]]*)\]\(([^)]*)\)", target, text)
+    return re.sub(r"\[([^\]]*)\]\(([^)\s]+)\)", target, prose)
 
 
 def _index(text: str, present: list[str]) -> str:
@@ -54,33 +61,37 @@ def _index(text: str, present: list[str]) -> str:
     return re.sub(r"(:caption: Behind it\n\n).*?```", lambda match: f"{match.group(1)}{listed}\n```", text, flags=re.DOTALL)
 
 
-def gather(source: pathlib.Path, folder: pathlib.Path) -> None:
+def sources(source: pathlib.Path) -> dict[pathlib.Path, pathlib.Path]:
+    """Files of the project to the places they have on the site."""
     docs = source / "docs"
+    paths = [*docs.glob("*.*"), *(path for part in PARTS for path in (docs / part).iterdir())]
+    places = {path: path.relative_to(docs) for path in paths if path.is_file()}
+    return {**places, **{source / name: pathlib.Path(page) for name, page in PROJECT.items() if (source / name).exists()}}
+
+
+def gather(source: pathlib.Path, folder: pathlib.Path, header: Header) -> None:
     shutil.rmtree(folder, ignore_errors=True)
-    folder.mkdir(parents=True)
-    for part in PARTS:
-        shutil.copytree(docs / part, folder / part)
-    for path in docs.glob("*.*"):
-        shutil.copy(path, folder)
-    header = manual.read((source / "include" / "qv8numeric.h").read_text(encoding="utf-8"))
-    (folder / "reference").mkdir()
-    for name, text in reference.pages(header, docs / "functions").items():
-        (folder / "reference" / name).write_text(text, encoding="utf-8")
-    present = [page for page in BEHIND if (folder / f"{page}.md").exists()]
-    for name, page in PROJECT.items():
-        if (source / name).exists():
-            (folder / page).write_text(_project_page((source / name).read_text(encoding="utf-8")), encoding="utf-8")
-            present.append(page.removesuffix(".md"))
-    functions = {name for entry in header.entries for name in entry.names if entry.functions and name.startswith("QV8")}
-    for path in folder.rglob("*.md"):
-        text = path.read_text(encoding="utf-8")
-        path.write_text(linked(_index(text, present) if path == folder / "index.md" else text, functions), encoding="utf-8")
+    shown = sources(source)
+    written = reference.pages(header, source / "docs" / "functions")
+    # The reference is written here and read by links of other pages as if it stood in docs/.
+    shown.update({source / "docs" / "reference" / name: pathlib.Path("reference", name) for name in written})
+    names = {place.name for place in shown.values()}
+    behind = [page for page in BEHIND if f"{page}.md" in names]
+    functions = {name for entry in header.entries if entry.functions for name in entry.names if name.startswith("QV8")}
+    for path, place in shown.items():
+        (folder / place).parent.mkdir(parents=True, exist_ok=True)
+        if path.suffix != ".md":
+            shutil.copy(path, folder / place)
+            continue
+        text = written[path.name] if place.parts[0] == "reference" else path.read_text(encoding="utf-8")
+        text = _prose(text, lambda prose: linked(relinked(prose, path, shown), functions))
+        (folder / place).write_text(_index(text, behind) if place == pathlib.Path("index.md") else text, encoding="utf-8")
 
 
 def main(source_folder: str, build_folder: str) -> None:
     source, build = pathlib.Path(source_folder).resolve(), pathlib.Path(build_folder).resolve()
-    gather(source, build / "source")
     header = manual.read((source / "include" / "qv8numeric.h").read_text(encoding="utf-8"))
+    gather(source, build / "source", header)
     shutil.rmtree(build / "html", ignore_errors=True)
     result = subprocess.run(["sphinx-build", "-q", "-W", "--keep-going", "-b", "html", "-j", "auto",
                              "-c", str(source / "docs" / "site"), "-D", f"version={header.version}",

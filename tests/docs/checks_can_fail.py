@@ -57,6 +57,28 @@ MAN_ROWS = (
 )
 
 
+# finding, file, what is replaced, by what
+PICTURE_ROWS = (
+    ("", "include/qv8numeric.h", "", ""),
+    ("not what docs/tools/pictures.py draws", "docs/pictures/modes.svg", "2.5", "2.6"),
+    ("words.h: drawn or there", "docs/tools/pictures.py", '("words", ', '('),
+    ("NUMERIC_ROUND_FLOOR: drawn otherwise", "include/qv8numeric.h", "/*         2     -3      2", "/*         2     -2      2"),
+)
+
+SITE = """<html><body id="top"><a href="page.html#there">x</a><a href="https://example.org/">y</a>
+<img src="picture.svg"></body></html>"""
+
+# finding, what is replaced, by what
+LINK_ROWS = (
+    ("", "", ""),
+    ("page.htm leads nowhere", 'page.html#there', "page.htm"),
+    ("page.html#here names no element", "#there", "#here"),
+    ("pictur.svg leads nowhere", "picture.svg", "pictur.svg"),
+    ("loads https://example.org/a.svg", "picture.svg", "https://example.org/a.svg"),
+    ("is no link of a page that is read from its files", "page.html#there", "//example.org/"),
+)
+
+
 def judged(name: str, expected: str, result: subprocess.CompletedProcess[str]) -> Optional[str]:
     if expected == "":
         return None if result.returncode == 0 else f"{name}: refuses what is right:\n{result.stdout}"
@@ -95,10 +117,35 @@ def man_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optiona
         yield judged("man_pages", expected, run(tree / "tests/docs/man_pages.py", tree))
 
 
+def picture_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optional[str]]:
+    for number, (expected, name, old, new) in enumerate(PICTURE_ROWS):
+        tree = folder / f"pictures{number}"
+        for part in ("include", "docs", "bench", "src/wide", "tests/interface", "tests/docs"):
+            shutil.copytree(source / part, tree / part)
+        text = (tree / name).read_text(encoding="utf-8")
+        if old not in text:
+            yield f"{name} has no {old!r} any more"
+            continue
+        (tree / name).write_text(text.replace(old, new, 1), encoding="utf-8")
+        yield judged("drawn", expected, run(tree / "tests/docs/drawn.py", tree))
+
+
+def link_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optional[str]]:
+    site = folder / "site"
+    site.mkdir()
+    (site / "page.html").write_text('<html><body><h1 id="there">There</h1></body></html>', encoding="utf-8")
+    (site / "picture.svg").write_text("<svg/>", encoding="utf-8")
+    for expected, old, new in LINK_ROWS:
+        (site / "index.html").write_text(SITE.replace(old, new) if old else SITE, encoding="utf-8")
+        yield judged("links", expected, run(source / "docs/tools/links.py", site))
+
+
 def main(*arguments: str) -> None:
     with tempfile.TemporaryDirectory() as scratch:
         folder = pathlib.Path(scratch)
-        findings = [*program_findings(list(arguments), folder), *man_findings(pathlib.Path(arguments[-1]), folder)]
+        source = pathlib.Path(arguments[-1])
+        findings = [*program_findings(list(arguments), folder), *man_findings(source, folder),
+                    *picture_findings(source, folder), *link_findings(source, folder)]
     finish([finding for finding in findings if finding])
 
 
