@@ -48,6 +48,7 @@ myst_enable_extensions = ["colon_fence"]
 myst_heading_anchors = 4
 html_theme = "furo"
 html_title = "qv8numeric"
+templates_path = ["templates"]
 html_static_path = ["static"]
 html_css_files = ["style.css"]
 html_show_sphinx = False

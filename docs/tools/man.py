@@ -234,8 +234,13 @@ def overview(header: Header, note: Note, titles: dict[str, tuple[list[str], str]
              ".Sh SYNOPSIS", ".In qv8numeric.h", ".Pp", "cc program.c \\-lqv8numeric", ".Sh DESCRIPTION",
              *rendered(introduction, none, none), ".Ss Types"]
     lines += [".Bl -tag -width Ds"]
-    for name, blocks in header.types.items():
-        lines += [f".It Vt {name}", *rendered(blocks, none, none)]
+    for kind in header.types:
+        lines += [f".It Vt {kind.name}", *rendered(kind.blocks, none, none)]
+        if kind.fields:
+            lines.append(".Bl -tag -width Ds -compact")
+            for field, meaning in kind.fields:
+                lines += [f'.It Va "{field}"', *flowing(meaning, none, none)]
+            lines.append(".El")
     lines += [".El", ".Ss Statuses", ".Bl -tag -width Ds"]
     for status in header.statuses:
         lines += [f".It Dv {status.name} Pq {_escaped(str(status.value))}", *flowing(status.meaning, none, none)]

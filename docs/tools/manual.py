@@ -75,12 +75,20 @@ class Entry:
     @property
     def names(self) -> list[str]:
         """Each once: overloads share a page."""
-        return list(dict.fromkeys(subject.name for subject in [*self.functions, *self.macros]))
+        return list(dict.fromkeys([*(f.name for f in self.functions), *(macro.name for macro in self.macros)]))
 
     @property
     def parameter_names(self) -> set[str]:
         return {name for function in self.functions for name in (p.name for p in function.parameters)} | {
             name for macro in self.macros for name in macro.parameters}
+
+
+@dataclasses.dataclass
+class Type:
+    """With its fields, each as it is declared, and what is said of it."""
+    name: str
+    blocks: list[Block]
+    fields: list[tuple[str, str]]
 
 
 @dataclasses.dataclass
@@ -102,7 +110,7 @@ class Mode:
 class Header:
     version: str
     introduction: list[Block]
-    types: dict[str, list[Block]]  # Numeric, NumericInfo, NumericStatus: the comment above each
+    types: list[Type]
     macros: list[tuple[list[str], list[Block]]]  # the version, and what a program may define: names and the comment
     statuses: list[Constant]
     modes: list[Mode]
@@ -297,18 +305,23 @@ def _comment_above(text: str, declaration: str) -> list[Block]:
     return blocks_of(list(COMMENT.finditer(above))[-1].group(1))
 
 
+def _fields(text: str, declaration: str) -> list[tuple[str, str]]:
+    body = text[text.index(declaration) + len(declaration):].split("}", maxsplit=1)[0] if "{" in declaration else ""
+    return [(field, meaning or "") for field, meaning in re.findall(r"(\w+ \w+);(?: +/\* (.*?) \*/)?", body)]
+
+
 def read(text: str) -> Header:
     version = re.search(r'#define QV8NUMERIC_VERSION_STRING "(.*)"', text)
     assert version
     introduction = [match.group(1) for match in COMMENT.finditer(text)][1]
-    types = {name: _comment_above(text, declaration) for name, declaration in (
+    types = [Type(name, _comment_above(text, declaration), _fields(text, declaration)) for name, declaration in (
         ("Numeric", "typedef struct Numeric {"), ("NumericInfo", "typedef struct NumericInfo {"),
-        ("NumericStatus", "typedef int32_t NumericStatus;"))}
+        ("NumericStatus", "typedef int32_t NumericStatus;"))]
     debugging = next(title for title in SECTION.findall(text) if "QV8NUMERIC_NO_DEBUG" in title)
-    macros = [(re.findall(r"#define (QV8NUMERIC_VERSION\w*)", text),
-               _comment_above(text, "#define QV8NUMERIC_VERSION_MAJOR")),
-              (["QV8NUMERIC_STATIC"], _comment_above(text, "#if defined(_WIN32)")),
-              (["QV8NUMERIC_NO_DEBUG"], [Text(f"{debugging}.")])]
+    macros: list[tuple[list[str], list[Block]]] = [
+        (re.findall(r"#define (QV8NUMERIC_VERSION\w*)", text), _comment_above(text, "#define QV8NUMERIC_VERSION_MAJOR")),
+        (["QV8NUMERIC_STATIC"], _comment_above(text, "#if defined(_WIN32)")),
+        (["QV8NUMERIC_NO_DEBUG"], [Text(f"{debugging}.")])]
     modes = [Mode(c.name, c.value, [int(n) for n in c.meaning.split()[:4]], " ".join(c.meaning.split()[4:]))
              for c in _constants(text, "NUMERIC_ROUND_")]
     statuses = [c for c in _constants(text, "NUMERIC_") if not c.name.startswith("NUMERIC_ROUND_")]

@@ -143,14 +143,19 @@ def _index(header: Header, titles: dict[str, str]) -> Iterator[str]:
         yield from rendered([block], none)
     yield "## Types"
     yield ""
-    for name, blocks in header.types.items():
-        directive = f"{{c:type}} int32_t {name}" if name == "NumericStatus" else f"{{c:struct}} {name}"
+    for kind in header.types:
+        directive = f"{{c:struct}} {kind.name}" if kind.fields else f"{{c:type}} int32_t {kind.name}"
         yield f"```{directive}\n```"
         yield ""
-        yield from rendered(blocks, none)
+        yield from rendered(kind.blocks, none)
+        if kind.fields:
+            yield "| field | |"
+            yield "| --- | --- |"
+            yield from (f"| `{field}` | {marked(meaning, none)} |" for field, meaning in kind.fields)
+            yield ""
     yield "## Statuses"
     yield ""
-    yield "| status | | |"
+    yield "| status | value | what it says |"
     yield "| --- | ---: | --- |"
     for status in header.statuses:
         yield f"| `{status.name}` | {status.value} | {marked(status.meaning, none)} |"
@@ -159,7 +164,7 @@ def _index(header: Header, titles: dict[str, str]) -> Iterator[str]:
     yield ""
     yield "How a magnitude is rounded when nonzero digits are dropped; the sign is put back afterwards."
     yield ""
-    yield "| mode | | 2.5 | -2.5 | 2.51 | -2.51 | |"
+    yield "| mode | value | 2.5 | -2.5 | 2.51 | -2.51 | |"
     yield "| --- | ---: | ---: | ---: | ---: | ---: | --- |"
     for mode in header.modes:
         yield f"| `{mode.name}` | {mode.value} | {' | '.join(map(str, mode.rounded))} | {mode.meaning} |"

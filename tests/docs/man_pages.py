@@ -85,7 +85,9 @@ def content_findings(header: manual.Header, source_text: str, folder: pathlib.Pa
             if function.prototype.replace(" ", "") not in flat:
                 yield f"{page.name}: lacks the prototype {function.prototype}"
     overview = shown(folder / "qv8numeric.7")
-    said = [*sentences(header.introduction[1:]), *(s for blocks in header.types.values() for s in sentences(blocks)),
+    said = [*sentences(header.introduction[1:]), *(s for kind in header.types for s in sentences(kind.blocks)),
+            *(text for kind in header.types for field in kind.fields for text in field),
+            *(s for _, blocks in header.macros for s in sentences(blocks)),
             *(f"{s.name} {s.value} {s.meaning}" for s in header.statuses),
             *(f"{m.name} {' '.join(map(str, m.rounded))} {m.meaning}" for m in header.modes)]
     missing = words_of(" ".join(said)) - words_of(overview)
