@@ -254,7 +254,7 @@ COMMENT = re.compile(r"/\*(.*?)\*/", re.DOTALL)
 
 def _declaration(text: str) -> Parameter:
     """const Numeric* a, as it is in the header, to const Numeric *a, as manuals write it."""
-    text = re.sub(r"\bstruct ", "", " ".join(text.split()))
+    text = " ".join(text.split())
     match = re.fullmatch(r"(.*?)\s*([*&]*)\s*(\w+)", text)
     assert match, text
     return Parameter(f"{match.group(1)} {match.group(2)}{match.group(3)}", match.group(3))

@@ -65,6 +65,14 @@ PICTURE_ROWS = (
     ("NUMERIC_ROUND_FLOOR: drawn otherwise", "include/qv8numeric.h", "/*         2     -3      2", "/*         2     -2      2"),
 )
 
+# finding, file, what is replaced, by what
+INTERNALS_ROWS = (
+    ("", "docs/internals.md", "", ""),
+    ("wide/wards.h is not there", "docs/internals.md", "wide/words.h", "wide/wards.h"),
+    ("wide/rounding.h has no rounds_away", "src/wide/rounding.h", "rounds_away", "rounds_off"),
+    ("names nothing", "docs/internals.md", "`", "'"),
+)
+
 SITE = """<html><body id="top"><a href="page.html#there">x</a><a href="https://example.org/">y</a>
 <img src="picture.svg"></body></html>"""
 
@@ -117,17 +125,19 @@ def man_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optiona
         yield judged("man_pages", expected, run(tree / "tests/docs/man_pages.py", tree))
 
 
-def picture_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optional[str]]:
-    for number, (expected, name, old, new) in enumerate(PICTURE_ROWS):
-        tree = folder / f"pictures{number}"
-        for part in ("include", "docs", "bench", "src/wide", "tests/interface", "tests/docs"):
+def tree_findings(source: pathlib.Path, folder: pathlib.Path, script: str,
+                  rows: tuple[tuple[str, str, str, str], ...]) -> Iterator[Optional[str]]:
+    """With every occurrence replaced."""
+    for number, (expected, name, old, new) in enumerate(rows):
+        tree = folder / f"{script}{number}"
+        for part in ("include", "docs", "bench", "src", "tests/interface", "tests/docs"):
             shutil.copytree(source / part, tree / part)
         text = (tree / name).read_text(encoding="utf-8")
         if old not in text:
             yield f"{name} has no {old!r} any more"
             continue
-        (tree / name).write_text(text.replace(old, new, 1), encoding="utf-8")
-        yield judged("drawn", expected, run(tree / "tests/docs/drawn.py", tree))
+        (tree / name).write_text(text.replace(old, new) if old else text, encoding="utf-8")
+        yield judged(script, expected, run(tree / "tests/docs" / f"{script}.py", tree))
 
 
 def link_findings(source: pathlib.Path, folder: pathlib.Path) -> Iterator[Optional[str]]:
@@ -145,7 +155,8 @@ def main(*arguments: str) -> None:
         folder = pathlib.Path(scratch)
         source = pathlib.Path(arguments[-1])
         findings = [*program_findings(list(arguments), folder), *man_findings(source, folder),
-                    *picture_findings(source, folder), *link_findings(source, folder)]
+                    *tree_findings(source, folder, "drawn", PICTURE_ROWS),
+                    *tree_findings(source, folder, "internals", INTERNALS_ROWS), *link_findings(source, folder)]
     finish([finding for finding in findings if finding])
 
 
