@@ -7,6 +7,7 @@ from __future__ import annotations
 
 import pathlib
 import sys
+import textwrap
 from xml.sax.saxutils import escape
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "bench"))
@@ -134,55 +135,54 @@ def modes() -> str:
     return drawing.done()
 
 
-def _words(drawing: Drawing, x: float, y: float, labels: list[str], width: float = 62) -> None:
+def _words(drawing: Drawing, x: float, y: float, labels: list[str], width: float = 46) -> None:
     for number, label in enumerate(labels):
         drawing.box(x + number * width, y, width, 34, [(label, "code")])
 
 
 def multiply() -> str:
-    drawing = Drawing(560, 660, "The road of a rescaling multiply, from two values over 256 bits to one")
-    left, right, middle = 110.0, 300.0, 205.0
-    drawing.box(30, 10, 160, 46, [("a", "code"), ("128 bits, scale sa", "small soft")])
-    drawing.box(220, 10, 160, 46, [("b", "code"), ("128 bits, scale sb", "small soft")])
-    drawing.box(410, 10, 140, 46, [("result_info", "code"), ("scale sr, mode", "small soft")])
-    drawing.down(left, 56, 92)
-    drawing.down(right, 56, 92)
-    drawing.text(middle, 80, "magnitudes", "middle small soft")
-    _words(drawing, left - 62, 92, ["a₁", "a₀"])
-    _words(drawing, right - 62, 92, ["b₁", "b₀"])
-    drawing.text(480, 106, "negative: when one", "middle small")
-    drawing.text(480, 124, "operand is, not both", "middle small")
-    drawing.down(left, 126, 166)
-    drawing.down(right, 126, 166)
-    drawing.text(middle, 150, "×, exactly", "middle small soft")
-    _words(drawing, middle - 124, 166, ["p₃", "p₂", "p₁", "p₀"])
-    drawing.text(480, 180, "256 bits, the product is", "middle small")
-    drawing.text(480, 198, "below 2²⁵⁴; scale sa + sb", "middle small")
-    drawing.down(middle, 200, 250)
-    drawing.text(middle + 12, 230, "÷ 10^(sa + sb − sr)", "small soft")
-    _words(drawing, 20, 250, ["0", "0", "q₁", "q₀"])
-    drawing.text(144, 304, "quotient, scale sr", "middle small soft")
-    for number, label in enumerate(("0", "< ½", "½", "> ½")):
-        drawing.box(300 + number * 62, 250, 62, 34, [(label, "code")])
-    drawing.text(424, 304, "what was dropped: one of four", "middle small soft")
-    drawing.down(144, 314, 350)
-    drawing.down(424, 314, 350)
-    drawing.box(20, 350, 528, 46, [("raise by one?  mode, sign, dropped part, odd or even", ""),
-                                   ("one table of truth for all operations", "small soft")])
-    drawing.down(144, 396, 440)
-    drawing.down(424, 396, 440)
-    drawing.box(20, 440, 248, 46, [("within 127 bits?", ""), ("yes: the sign is put back", "small soft")])
-    drawing.box(300, 440, 248, 46, [("dropped nothing: OK", "small"), ("anything: INEXACT", "small")])
-    drawing.down(144, 486, 530)
-    drawing.down(424, 486, 530)
-    drawing.box(20, 530, 248, 46, [("*result", "code"), ("128 bits, scale sr", "small soft")])
-    drawing.box(300, 530, 248, 46, [("status", "code")])
-    drawing.text(284, 616, "Not within 127 bits: NaN, with OVERFLOW or UNDERFLOW by the sign.", "middle small soft")
-    drawing.text(284, 640, "Operands that fit 64 bits take the same road in 128.", "middle small soft")
+    drawing = Drawing(420, 640, "The road of a rescaling multiply, from two values over 256 bits to one")
+    left, right, middle = 66.0, 198.0, 132.0
+    drawing.box(6, 8, 120, 46, [("a", "code"), ("128 bits, scale sa", "small soft")])
+    drawing.box(138, 8, 120, 46, [("b", "code"), ("128 bits, scale sb", "small soft")])
+    drawing.box(284, 8, 130, 46, [("result_info", "code"), ("scale sr, mode", "small soft")])
+    drawing.down(left, 54, 88)
+    drawing.down(right, 54, 88)
+    drawing.text(middle, 75, "magnitudes", "middle small soft")
+    _words(drawing, left - 46, 88, ["a₁", "a₀"])
+    _words(drawing, right - 46, 88, ["b₁", "b₀"])
+    drawing.text(349, 102, "negative when one", "middle small soft")
+    drawing.text(349, 119, "operand is, not both", "middle small soft")
+    drawing.down(left, 122, 160)
+    drawing.down(right, 122, 160)
+    drawing.text(middle, 144, "×, exactly", "middle small soft")
+    _words(drawing, middle - 92, 160, ["p₃", "p₂", "p₁", "p₀"])
+    drawing.text(334, 174, "256 bits: the product is", "middle small soft")
+    drawing.text(334, 191, "below 2²⁵⁴, at sa + sb", "middle small soft")
+    drawing.down(middle, 194, 240)
+    drawing.text(middle + 12, 220, "÷ 10^(sa + sb − sr)", "small soft")
+    _words(drawing, 6, 240, ["0", "0", "q₁", "q₀"])
+    drawing.text(98, 292, "quotient, scale sr", "middle small soft")
+    _words(drawing, 222, 240, ["0", "< ½", "½", "> ½"], 48)
+    drawing.text(318, 292, "dropped: one of four", "middle small soft")
+    drawing.down(98, 300, 334)
+    drawing.down(318, 300, 334)
+    drawing.box(6, 334, 408, 46, [("raise by one?  mode, sign, dropped part, odd or even", "small"),
+                                  ("one table of truth for all operations", "small soft")])
+    drawing.down(98, 380, 420)
+    drawing.down(318, 380, 420)
+    drawing.box(6, 420, 184, 46, [("within 127 bits?", ""), ("yes: the sign is put back", "small soft")])
+    drawing.box(222, 420, 192, 46, [("dropped nothing: OK", "small"), ("anything: INEXACT", "small")])
+    drawing.down(98, 466, 506)
+    drawing.down(318, 466, 506)
+    drawing.box(6, 506, 184, 46, [("*result", "code"), ("128 bits, scale sr", "small soft")])
+    drawing.box(222, 506, 192, 46, [("status", "code")])
+    drawing.text(210, 588, "Not within 127 bits: NaN, OVERFLOW or UNDERFLOW by the sign.", "middle small soft")
+    drawing.text(210, 612, "Operands that fit 64 bits take the same road in 128.", "middle small soft")
     return drawing.done()
 
 
-ROOMS = (("numbers and words", ("words", "extended_numeric", "coefficient")),
+ROOMS = (("words and values", ("words", "extended_numeric", "coefficient")),
          ("powers of ten", ("powers", "decimal_powers", "decimal_split", "reciprocal")),
          ("the two moves", ("scaling", "limb_scaling", "long_division", "primitives", "shifting")),
          ("one rounding", ("dropped", "rounding")),
@@ -190,31 +190,23 @@ ROOMS = (("numbers and words", ("words", "extended_numeric", "coefficient")),
 
 
 def rooms() -> str:
-    drawing = Drawing(560, 470, "The folders of the source and what stands on what")
-    drawing.box(20, 10, 520, 46, [("include/qv8numeric.h", "code strong"), ("what programs see", "small soft")])
-    drawing.down(145, 56, 88)
-    drawing.down(415, 56, 88)
-    drawing.box(20, 88, 250, 84, [("src/numeric/", "code strong"), ("arithmetic, rounding,", "small soft"),
-                                  ("comparison, change of scale", "small soft")])
-    drawing.box(290, 88, 250, 84, [("src/numconv/", "code strong"), ("text, machine integers,", "small soft"),
-                                   ("doubles", "small soft")])
-    drawing.down(145, 172, 204)
-    drawing.down(415, 172, 204)
-    drawing.box(20, 204, 520, 256, [])
-    drawing.text(36, 230, "src/wide/", "code strong")
-    drawing.text(120, 230, "what both stand on; headers alone", "small soft")
-    for row, (subject, names) in enumerate(ROOMS):
-        y = 264 + row * 42
-        drawing.text(36, y, subject, "small")
-        words, line = ", ".join(names), ""
-        lines = []
-        for word in words.split(" "):
-            if len(line) + len(word) > 44:
-                lines.append(line.rstrip())
-                line = ""
-            line += word + " "
-        for number, part in enumerate([*lines, line.rstrip()]):
-            drawing.text(180, y + 17 * number, part, "code")
+    drawing = Drawing(420, 452, "The folders of the source and what stands on what")
+    drawing.box(6, 8, 408, 46, [("include/qv8numeric.h", "code strong"), ("what programs see", "small soft")])
+    for x, name, *subjects in ((6, "src/numeric/", "arithmetic, rounding,", "order, change of scale"),
+                               (222, "src/numconv/", "text, machine integers,", "doubles")):
+        drawing.down(x + 96, 54, 86)
+        drawing.box(x, 86, 192, 84, [(name, "code strong"), *((subject, "small soft") for subject in subjects)])
+        drawing.down(x + 96, 170, 202)
+    drawing.box(6, 202, 408, 242, [])
+    drawing.text(20, 227, "src/wide/", "code strong")
+    drawing.text(106, 227, "what both stand on; headers alone", "small soft")
+    y = 258
+    for subject, names in ROOMS:
+        drawing.text(20, y, subject, "small")
+        for line in textwrap.wrap(", ".join(names), 33):
+            drawing.text(140, y, line, "code")
+            y += 17
+        y += 10
     return drawing.done()
 
 

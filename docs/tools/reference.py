@@ -149,9 +149,8 @@ def _index(header: Header, titles: dict[str, str]) -> Iterator[str]:
         yield ""
         yield from rendered(kind.blocks, none)
         if kind.fields:
-            yield "| field | |"
-            yield "| --- | --- |"
-            yield from (f"| `{field}` | {marked(meaning, none)} |" for field, meaning in kind.fields)
+            fields = (f"    {field};{f' /* {meaning} */' if meaning else ''}" for field, meaning in kind.fields)
+            yield "\n".join([f"```c\nstruct {kind.name} {{", *fields, "};\n```"])
             yield ""
     yield "## Statuses"
     yield ""
