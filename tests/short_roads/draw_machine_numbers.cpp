@@ -53,11 +53,10 @@ double any_double(Random& random) {
 
 // A coefficient or a coefficient and a half as a double at this scale, as near as doubles come.
 double near_coefficient(Random& random, std::int32_t scale) {
-    const Numeric whole = coefficient(random, shaped(random, random.percent(50) ? 66 : 127).magnitude);
-    const double high = std::ldexp(static_cast<double>(whole.high), 64);
-    double value = high + static_cast<double>(whole.low);
-    if (random.percent(50)) value += 0.5;
-    value /= std::pow(10.0, scale);
+    Limbs halves = shaped(random, random.percent(50) ? 66 : 127).magnitude;
+    reference::shift_left(halves, 1);
+    if (random.percent(50)) nudge(halves, 1);
+    const double value = nearby_double(halves, scale) / 2;
     const std::uint64_t bits = to_bits(value);
     return random.percent(60) || !std::isnormal(value) ? value : from_bits(random.percent(50) ? bits + 1 : bits - 1);
 }
@@ -65,9 +64,9 @@ double near_coefficient(Random& random, std::int32_t scale) {
 // Exactly so many units and a half at this scale, or another fraction with few bits. Where the scale is negative the
 // fives of the unit are in the double.
 double tied_double(Random& random, std::int32_t scale) {
-    double odd = static_cast<double>(random.bits() >> random.small(12, 63) | 1);
-    for (std::int32_t fives = scale; fives < 0; ++fives) odd *= 5;
-    return std::ldexp(odd, -scale - (random.percent(70) ? 1 : random.small(-1, 3)));
+    Limbs odd = reference::from_word(random.bits() >> random.small(12, 63) | 1);
+    for (std::int32_t fives = scale; fives < 0; ++fives) reference::multiply(odd, 5);
+    return std::ldexp(nearby_double(odd, 0), -scale - (random.percent(70) ? 1 : random.small(-1, 3)));
 }
 
 }  // namespace

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "reference/long_division.h"
+#include "reference/reference.h"
 #include "reference/rounding.h"
 #include "reference/scaling.h"
 
@@ -165,6 +167,16 @@ Limbs quotient(Limbs x, Limbs divisor) {
     reference::shift_left(x, shift);
     reference::shift_left(divisor, shift);
     return reference::long_division(x, divisor);
+}
+
+double nearby_double(Limbs x, std::int32_t scale) {
+    const int excess = std::max(bit_length(x) - 112, 0);  // of more bits, negative scales are converted wrongly
+    reference::shift_right(x, excess);
+    const Numeric value = reference::low_numeric(x);
+    const NumericInfo info{scale, NUMERIC_ROUND_HALF_EVEN};
+    double result = 0;
+    reference::to_double(&value, &info, &result);
+    return std::ldexp(result, excess);
 }
 
 std::uint32_t invalid_mode(Random& random) {

@@ -53,6 +53,10 @@ ShapedNumeric shaped_coefficient(Random& random);
 // x / divisor for 0 < divisor < 2^128 and a quotient below 2^127.
 Limbs quotient(Limbs x, Limbs divisor);
 
+// The double nearest to x * 10^-scale, or the next to it; by integers, so that all machines draw the same.
+// For -300 <= scale <= 300.
+double nearby_double(Limbs x, std::int32_t scale);
+
 std::uint32_t mode(Random& random);          // now and then an invalid one
 std::uint32_t invalid_mode(Random& random);  // likely one whose low bits are those of a valid one
 std::int32_t scale(Random& random);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "walk.h"
 
-#include <cmath>
 #include <string>
 #include <vector>
 
@@ -128,9 +127,10 @@ struct Walker {
         now("Num2Dbl");
         set_scales(-k, 0, 0);
         now("Num2Dbl");
-        call.real = std::ldexp(static_cast<double>(x.high), 64) + static_cast<double>(x.low);
+        const double sign = reference::is_negative(x) ? -1 : 1;
+        call.real = sign * nearby_double(reference::magnitude(x), 0);
         now("Dbl2Num");
-        call.real /= std::pow(10.0, k);
+        call.real = sign * nearby_double(reference::magnitude(x), k);
         set_scales(k - 1, 0, 0);
         now("Dbl2Num");
     }
