@@ -7,7 +7,7 @@ usage: archive.py ARCHIVE NAMES
 import re
 import sys
 
-from checking import finish, listed_names, output
+from checking import NM, READELF, finish, listed_names, output
 
 OWN_NAME = re.compile(r'_ZZ?N[KRO]*10qv8numeric')  # qv8numeric::..., and what is local to a function of it
 
@@ -22,7 +22,7 @@ COMPILER = {
 
 
 def symbols(archive, which):
-    lines = output('nm', '--extern-only', which, archive).splitlines()
+    lines = output(NM, '--extern-only', which, archive).splitlines()
     return {line.split()[-1] for line in lines if line and not line.endswith(':')}
 
 
@@ -39,7 +39,7 @@ def name_findings(archive, listed):
 
 def section_findings(archive):
     sections = re.findall(r'\] (\S+)\s+\S+\s+[0-9a-f]+ [0-9a-f]+ ([0-9a-f]+)',
-                          output('readelf', '--wide', '--sections', archive))
+                          output(READELF, '--wide', '--sections', archive))
     for name, size in sections:
         if int(size, 16) == 0:
             continue

@@ -1,7 +1,14 @@
 # SPDX-License-Identifier: MIT
 """What the checks share: running a tool, reading the list of names, and ending with everything that was found."""
+import os
+import shlex
 import subprocess
 import sys
+
+# Those of another machine, where the library is: its own tools, and what runs its programs here.
+NM = os.environ.get('NM', 'nm')
+READELF = os.environ.get('READELF', 'readelf')
+EMULATOR = shlex.split(os.environ.get('EMULATOR', ''))
 
 
 def output(*command):

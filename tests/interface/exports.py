@@ -7,20 +7,20 @@ usage: exports.py LIBRARY VERSION_SCRIPT NAMES
 import re
 import sys
 
-from checking import finish, listed_names, output
+from checking import NM, READELF, finish, listed_names, output
 
 NODE = 'QV8NUMERIC_1'
 
 
 def exported_symbols(library):
     """name@@version of everything in the dynamic symbol table but the node's own entry, an absolute symbol."""
-    lines = output('nm', '--dynamic', '--defined-only', '--with-symbol-versions', library).splitlines()
+    lines = output(NM, '--dynamic', '--defined-only', '--with-symbol-versions', library).splitlines()
     return {name for _, kind, name in map(str.split, lines) if kind != 'A'}
 
 
 def looked_up_symbols(library):
     """What the dynamic linker is asked to find: the symbol is the fifth column of a relocation that has one."""
-    columns = map(str.split, output('readelf', '--wide', '--relocs', library).splitlines())
+    columns = map(str.split, output(READELF, '--wide', '--relocs', library).splitlines())
     return {row[4].partition('@')[0] for row in columns if len(row) > 4 and row[2].startswith('R_')}
 
 

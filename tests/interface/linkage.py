@@ -7,7 +7,7 @@ usage: linkage.py LIBRARY
 import re
 import sys
 
-from checking import finish, output
+from checking import READELF, finish, output
 
 SONAME = 'libqv8numeric.so.1'
 NEEDED = ['libc.so.6']
@@ -37,8 +37,8 @@ def segment_findings(segments):
 
 
 def main(library):
-    finish([*dynamic_findings(output('readelf', '--wide', '--dynamic', library)),
-            *segment_findings(output('readelf', '--wide', '--segments', library))])
+    finish([*dynamic_findings(output(READELF, '--wide', '--dynamic', library)),
+            *segment_findings(output(READELF, '--wide', '--segments', library))])
 
 
 main(*sys.argv[1:])

@@ -9,7 +9,7 @@ import subprocess
 import sys
 import tempfile
 
-from checking import finish, listed_names
+from checking import EMULATOR, finish, listed_names
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -18,7 +18,7 @@ def run_findings(compiler, archive, include_folder, program, *options):
     sources = [f'{HERE}/{program}.c', f'{HERE}/every_function.c']
     with tempfile.TemporaryDirectory() as folder:
         made = f'{folder}/{program}'
-        commands = ([compiler, '-I', include_folder, *sources, archive, *options, '-o', made], [made])
+        commands = ([compiler, '-I', include_folder, *sources, archive, *options, '-o', made], [*EMULATOR, made])
         for command in commands:
             result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
             if result.returncode != 0:

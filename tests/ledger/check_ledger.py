@@ -16,6 +16,7 @@ import os
 import pathlib
 import random
 import re
+import shlex
 import subprocess
 import sys
 import tempfile
@@ -36,6 +37,9 @@ MODES = {
     "half-even": decimal.ROUND_HALF_EVEN,
 }
 DEFAULT_MODE = "half-even"
+
+# What runs the program, where it is one of another machine.
+EMULATOR = shlex.split(os.environ.get("EMULATOR", ""))
 
 # A coefficient stays strictly between -2^127 and 2^127.
 COEFFICIENT_END = 2**127
@@ -358,7 +362,7 @@ class Report:
 
 def run(program, *arguments, **options):
     options.setdefault("stdout", subprocess.PIPE)
-    return subprocess.run([program, *map(str, arguments)], stderr=subprocess.PIPE, timeout=120, **options)
+    return subprocess.run([*EMULATOR, program, *map(str, arguments)], stderr=subprocess.PIPE, timeout=120, **options)
 
 
 def check_statement(report, case, output, ledger, name):
