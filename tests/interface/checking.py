@@ -8,6 +8,7 @@ import sys
 # Those of another machine, where the library is: its own tools, and what runs its programs here.
 NM = os.environ.get('NM', 'nm')
 READELF = os.environ.get('READELF', 'readelf')
+OBJDUMP = os.environ.get('OBJDUMP', 'objdump')
 EMULATOR = shlex.split(os.environ.get('EMULATOR', ''))
 
 

@@ -4,6 +4,7 @@
 #include "short_roads/operations.h"
 
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstring>
 
@@ -40,7 +41,7 @@ void prepare(const Operation& operation, const Call& call, Memory& memory) {
 }
 
 // All NaN count as one, since a register of an x87 makes a signalling one quiet on the way into the call.
-std::uint64_t bits_of_argument(double x) { return x != x ? UINT64_MAX : std::bit_cast<std::uint64_t>(x); }
+std::uint64_t bits_of_argument(double x) { return std::isnan(x) ? UINT64_MAX : std::bit_cast<std::uint64_t>(x); }
 
 // Sizes beyond every buffer count from the end of the address space, wherever that is.
 std::uint64_t size_of_argument(std::size_t size) {
