@@ -16,7 +16,7 @@ else()
 
     find_path(boost_beside_c_library boost/multiprecision/cpp_int.hpp NO_CMAKE_FIND_ROOT_PATH)
     if(boost_beside_c_library)
-        set(QV8NUMERIC_BOOST_INCLUDE_DIR ${CMAKE_CURRENT_BINARY_DIR}/headers)
+        set(QV8NUMERIC_BOOST_INCLUDE_DIR ${CMAKE_CURRENT_BINARY_DIR}/headers CACHE INTERNAL "")
         file(MAKE_DIRECTORY ${QV8NUMERIC_BOOST_INCLUDE_DIR})
         file(CREATE_LINK ${boost_beside_c_library}/boost ${QV8NUMERIC_BOOST_INCLUDE_DIR}/boost SYMBOLIC)
     endif()

@@ -16,6 +16,7 @@ COMPILER = {
     '_GLOBAL_OFFSET_TABLE_', '__stack_chk_fail', '__stack_chk_fail_local',
     '__udivti3', '__umodti3', '__udivmodti4',                       # 128-bit division
     '__udivdi3', '__umoddi3', '__udivmoddi4', '__divdi3', '__moddi3',  # 64-bit division on 32-bit machines
+    '__ctzdi2',                                                     # zeros at the end of 64 bits there
     '__x86.get_pc_thunk.ax', '__x86.get_pc_thunk.bx', '__x86.get_pc_thunk.cx', '__x86.get_pc_thunk.dx',
     '__x86.get_pc_thunk.si', '__x86.get_pc_thunk.di', '__x86.get_pc_thunk.bp',
 }

@@ -101,6 +101,21 @@ expect 'runs code at start or end' check archive bad.a names
 archive "$code"
 expect 'undefined reference' check static_link "$CC" "$folder/bad.a" "$SOURCE/include" names
 
+# dll NEEDED EXPORT: a tool that says so of any DLL.
+dll() {
+    printf '#!/bin/sh\ncat <<END\n\tDLL Name: %s\n[Ordinal/Name Pointer] Table\n\t[   0] %s\nEND\n' "$1" "$2" > objdump
+    chmod +x objdump
+}
+
+export OBJDUMP="$folder/objdump"
+dll KERNEL32.dll f
+check dll any.dll names
+dll KERNEL32.dll g
+expect 'lacks f' check dll any.dll names
+expect 'exports g besides' check dll any.dll names
+dll other.dll f
+expect 'needs other.dll' check dll any.dll names
+
 # header SED_COMMAND: the public header with one change.
 header() {
     sed "$1" "$SOURCE/include/qv8numeric.h" > qv8numeric.h
