@@ -17,11 +17,12 @@ using namespace short_roads;
 
 [[noreturn]] void usage() {
     std::fputs(
-        "usage: qv8numeric_short_roads [--cases N] [--seed S] [--every N] [--case NUMBER]\n"
+        "usage: qv8numeric_short_roads [--cases N] [--seed S] [--every N] [--case NUMBER] [--apart 0]\n"
         "  --cases N      draw so many cases after the walks (default 1000000)\n"
         "  --seed S       from this seed\n"
         "  --every N      make only every Nth call of the walks, none for 0 (default 1)\n"
-        "  --case NUMBER  repeat one drawn case alone and show it\n",
+        "  --case NUMBER  repeat one drawn case alone and show it\n"
+        "  --apart 0      run in one process; a call that ends it is then not named\n",
         stderr);
     std::exit(2);
 }
@@ -33,7 +34,7 @@ std::uint64_t number(const char* text) {
     return value;
 }
 
-Plan plan_from(char** words) {
+Plan plan_from(char** words, bool& apart) {
     Plan plan;
     for (++words; *words != nullptr; words += 2) {
         const std::uint64_t value = number(words[1]);
@@ -43,6 +44,8 @@ Plan plan_from(char** words) {
             plan.seed = value;
         } else if (std::strcmp(*words, "--every") == 0) {
             plan.walk_every = value;
+        } else if (std::strcmp(*words, "--apart") == 0) {
+            apart = value != 0;
         } else if (std::strcmp(*words, "--case") == 0) {
             plan.first_case = value;
             plan.cases = 1;
@@ -95,9 +98,10 @@ void print_outcomes(const Progress& progress) {
 }  // namespace
 
 int main(int, char** words) {
-    const Plan plan = plan_from(words);
+    bool apart = true;
+    const Plan plan = plan_from(words, apart);
     Progress& progress = shared_progress();
-    const bool ended = run_apart(plan, progress);
+    const bool ended = apart ? run_apart(plan, progress) : (run(plan, progress), true);
     if (!ended) {
         std::puts("This call ended the process:");
         print_call(plan, progress.calls);
