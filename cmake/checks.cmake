@@ -29,6 +29,11 @@ if(QV8NUMERIC_SANITIZE)
     endif()
 endif()
 
+if(QV8NUMERIC_FUZZ_ENGINE)
+    # What tells the engine which branches an input has taken.
+    target_compile_options(qv8numeric_checks INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 if(QV8NUMERIC_COVERAGE)
     target_compile_options(qv8numeric_checks INTERFACE --coverage)
     target_link_options(qv8numeric_checks INTERFACE --coverage)

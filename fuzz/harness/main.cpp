@@ -126,7 +126,7 @@ int random_calls(const Campaign& campaign) {
 
 int run(const Options& options) {
     for (const std::string& path : options.print) print_batch(contents(path), std::cout);
-#if !defined(__SANITIZE_ADDRESS__)  // it has reports of its own
+#if !defined(QV8NUMERIC_FUZZ_SANITIZED)  // a sanitizer has reports of its own
     report_crashes();
 #endif
     if (!options.replay.empty()) replay(options.replay);

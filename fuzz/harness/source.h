@@ -27,7 +27,12 @@ class Source {
   private:
     std::uint64_t little_endian(unsigned bytes) {
         std::uint64_t value = 0;
-        for (unsigned i = 0; i < bytes; ++i) value |= std::uint64_t{byte()} << (8 * i);
+        if (bytes_.size() - position_ < bytes) {
+            for (unsigned i = 0; i < bytes; ++i) value |= std::uint64_t{byte()} << (8 * i);
+            return value;
+        }
+        for (unsigned i = 0; i < bytes; ++i) value |= std::uint64_t{bytes_[position_ + i]} << (8 * i);
+        position_ += bytes;
         return value;
     }
 

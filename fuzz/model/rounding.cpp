@@ -20,10 +20,17 @@ Quotient quotient_of(const Wide& dividend, const Wide& divisor) {
     return quotient;
 }
 
+// Beyond 1000 bits there is nothing but the rest, and its uppermost bit is clear.
 Quotient shift_right(const Wide& dividend, std::int64_t bits) {
-    if (bits > 256) return {0, dividend == 0 ? Rest::kNone : Rest::kBelowHalf};
-    const Wide& unit = power_of_two(bits);
-    return {dividend >> static_cast<unsigned>(bits), compared_with_half(low_bits(dividend, static_cast<int>(bits)), unit)};
+    if (dividend == 0) return {0, Rest::kNone};
+    if (bits > 1000) return {0, Rest::kBelowHalf};
+    const auto shift = static_cast<unsigned>(bits);
+    Quotient quotient{dividend >> shift, Rest::kNone};
+    const unsigned lowest = lsb(dividend);
+    if (lowest >= shift) return quotient;
+    const bool half = bit_test(dividend, shift - 1);
+    quotient.rest = !half ? Rest::kBelowHalf : lowest == shift - 1 ? Rest::kHalf : Rest::kAboveHalf;
+    return quotient;
 }
 
 Rest with_more_below(Rest rest, bool more) {

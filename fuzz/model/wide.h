@@ -39,7 +39,7 @@ Numeric halves(const Wide& value);
 // The lowest 64 bits of value >= 0.
 std::uint64_t low_word(const Wide& value);
 
-// value modulo 2^bits, for value >= 0.
+// value modulo 2^bits, for value >= 0 and bits <= 256.
 Wide low_bits(const Wide& value, int bits);
 
 // The number of bits up to the highest that is set; value > 0.

@@ -117,6 +117,7 @@ class ToDouble : public Operation {
         if (choice >= 192) info_.scale = 286 + choice % 64 + info_.scale % 20;
         if (choice >= 176 && choice < 192) info_.scale = -270 - info_.scale % 40;
         if (choice >= 64 && choice < 96) take_near_double(choice);
+        if (choice >= 96 && choice < 104) take_near_infinity();
     }
 
     std::int32_t check(Differences& differences) override {
@@ -146,6 +147,17 @@ class ToDouble : public Operation {
         const Wide value = significand * power_of_two(choice % 64) + (choice % 4 < 2 ? 0 : neighbour(choice));
         in_ = replaced(in_, is_negative(in_) ? Wide(-value) : value);
         info_.scale = choice < 80 ? 0 : info_.scale;
+    }
+
+    // The first digits of 2^1024, as many as round up to it, and their neighbours.
+    void take_near_infinity() {
+        constexpr std::string_view kDigits = "17976931348623159077293051907890247336";  // of 309
+        constexpr std::int32_t kAll = 309;
+        const auto taken = static_cast<std::int32_t>(16 + in_.low % 23);
+        const Wide value(std::string(kDigits.substr(0, static_cast<std::size_t>(taken))));
+        const Wide beside = value + neighbour(static_cast<std::uint8_t>(in_.low >> 56));
+        in_ = halves(is_negative(in_) ? Wide(-beside) : beside);
+        info_.scale = taken - kAll;
     }
 
     NumericInfo info_{};
