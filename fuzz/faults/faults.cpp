@@ -119,7 +119,8 @@ NumericStatus __wrap_QV8NumericCeil(const NumericInfo* info, std::int32_t places
 }
 
 NumericStatus __real_QV8NumericRescale(const NumericInfo*, const NumericInfo*, const Numeric*, Numeric*);
-NumericStatus __wrap_QV8NumericRescale(const NumericInfo* from, const NumericInfo* to, const Numeric* src, Numeric* dst);
+NumericStatus __wrap_QV8NumericRescale(const NumericInfo* from, const NumericInfo* to, const Numeric* src,
+                                       Numeric* dst);
 NumericStatus __wrap_QV8NumericRescale(const NumericInfo* from, const NumericInfo* to, const Numeric* src,
                                        Numeric* dst) {
     const Numeric source = *src;
@@ -273,7 +274,8 @@ NumericStatus __wrap_QV8NumericStr2Num(const char* text, const NumericInfo* info
     }
     if (end == nullptr) return status;
     if (planted("str2num: end unset") && status == NUMERIC_SYNTAX_ERROR) *end = before;
-    if (planted("str2num: end behind a long exponent") && status >= 0 && *text != '\0') *end += std::strspn(*end, "0123456789");
+    if (planted("str2num: end behind a long exponent") && status >= 0 && *text != '\0')
+        *end += std::strspn(*end, "0123456789");
     if (planted("str2num: end of the empty text") && *text == '\0') *end = const_cast<char*>(text);
     return status;
 }
@@ -283,7 +285,8 @@ NumericStatus __wrap_QV8NumericDgstr2Num(const char* text, const NumericInfo* in
 NumericStatus __wrap_QV8NumericDgstr2Num(const char* text, const NumericInfo* info, Numeric* result, char** end) {
     const NumericStatus status = __real_QV8NumericDgstr2Num(text, info, result, end);
     if (planted("dgstr2num: result of a syntax error") && status == NUMERIC_SYNTAX_ERROR) *result = {0, 0};
-    if (planted("dgstr2num: one off") && status == NUMERIC_INEXACT && std::strchr(text, ',') != nullptr) result->low ^= 1;
+    if (planted("dgstr2num: one off") && status == NUMERIC_INEXACT && std::strchr(text, ',') != nullptr)
+        result->low ^= 1;
     return status;
 }
 
@@ -332,7 +335,8 @@ NumericStatus __wrap_QV8NumericNum2Dbl(const Numeric* in, const NumericInfo* inf
     const NumericStatus status = __real_QV8NumericNum2Dbl(in, info, out);
     constexpr std::uint64_t kInfinity = std::uint64_t{0x7ff} << 52;
     const auto bits = std::bit_cast<std::uint64_t>(*out);
-    if (planted("num2dbl: infinity by rounding is an overflow") && status == NUMERIC_INEXACT && bits << 1 == kInfinity << 1) {
+    if (planted("num2dbl: infinity by rounding is an overflow") && status == NUMERIC_INEXACT &&
+        bits << 1 == kInfinity << 1) {
         return bits == kInfinity ? NUMERIC_OVERFLOW : NUMERIC_UNDERFLOW;
     }
     if (planted("num2dbl: written with an invalid mode") && status == NUMERIC_INVALID_ARGUMENT) *out = 0;

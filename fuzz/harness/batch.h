@@ -14,8 +14,8 @@
 namespace qv8numeric_fuzz {
 
 struct Difference {
-    std::string report;                      // the call as C and where it differs
-    std::span<const std::uint8_t> record;    // the bytes of this call alone: an input for it
+    std::string report;                    // the call as C and where it differs
+    std::span<const std::uint8_t> record;  // the bytes of this call alone: an input for it
 };
 
 // Makes the calls and counts them, up to the first that differs.

@@ -84,7 +84,8 @@ std::int32_t clamped(std::int64_t value) {
 
 // The types' limits, and where sums and differences of scales wrap.
 std::int64_t extreme(unsigned choice) {
-    static constexpr std::int64_t kExtremes[] = {INT32_MIN, INT32_MAX, INT32_MIN / 2, INT32_MAX / 2, 1000, -1000, 0, 80};
+    static constexpr std::int64_t kExtremes[] = {INT32_MIN, INT32_MAX, INT32_MIN / 2, INT32_MAX / 2, 1000, -1000,
+                                                 0,         80};
     return kExtremes[choice % std::size(kExtremes)];
 }
 

@@ -12,11 +12,11 @@ using std::string_view_literals::operator""sv;
 constexpr std::string_view kCharacters = "0123456789.,eE+-";
 
 constexpr std::string_view kPieces[] = {
-    "0"sv,   "1"sv,   "2"sv,    "3"sv,     "4"sv,    "5"sv,       "6"sv,           "7"sv,
-    "8"sv,   "9"sv,   ","sv,    "."sv,     "E"sv,    "e"sv,       "+"sv,           "-"sv,
-    "00"sv,  "000"sv, "999"sv,  "5000"sv,  "E-"sv,   "e+"sv,      ",000"sv,        ",123"sv,
-    ",12"sv, "10"sv,  "1234"sv, ",1234"sv, "E12"sv,  "00000000"sv, "E2147483647"sv, "E-2147483648"sv,
-    "0."sv,  ".0"sv,  " "sv,    "\0"sv,    "NaN"sv,  "E0001"sv,   ",999,999"sv,    "1701411834604692317316873037158"sv,
+    "0"sv,   "1"sv,   "2"sv,    "3"sv,     "4"sv,   "5"sv,        "6"sv,           "7"sv,
+    "8"sv,   "9"sv,   ","sv,    "."sv,     "E"sv,   "e"sv,        "+"sv,           "-"sv,
+    "00"sv,  "000"sv, "999"sv,  "5000"sv,  "E-"sv,  "e+"sv,       ",000"sv,        ",123"sv,
+    ",12"sv, "10"sv,  "1234"sv, ",1234"sv, "E12"sv, "00000000"sv, "E2147483647"sv, "E-2147483648"sv,
+    "0."sv,  ".0"sv,  " "sv,    "\0"sv,    "NaN"sv, "E0001"sv,    ",999,999"sv,    "1701411834604692317316873037158"sv,
 };
 
 // 2^127
@@ -80,7 +80,7 @@ std::string exponent(std::uint8_t style, std::uint32_t value, std::uint64_t seed
 }
 
 std::string by_the_rules(Source& source) {
-    static constexpr std::string_view kTails[] = {""sv,      ""sv,   ""sv,    ""sv, ""sv,     ""sv,      "E"sv,   ","sv,
+    static constexpr std::string_view kTails[] = {""sv,     ""sv,  ""sv,   ""sv,  ""sv,  ""sv,      "E"sv,   ","sv,
                                                   ",123"sv, " "sv, ".5"sv, "-"sv, "x"sv, ",1234"sv, "E5E"sv, "\0009"sv};
     const std::uint8_t shape = source.byte();
     const std::uint8_t integer_style = source.byte();

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// One function of the library as a target calls it: its arguments drawn from an input, the call compared with the model.
+// One function of the library as a target calls it: its arguments drawn from an input, the call compared with the
+// model.
 #ifndef QV8NUMERIC_FUZZ_OPERATION_H
 #define QV8NUMERIC_FUZZ_OPERATION_H
 

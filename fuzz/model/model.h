@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Every function of the library a second time, from its meaning: exact integers of any width instead of steps, but where
-// the manual makes the steps part of the result. Written from the manual alone; it shares no line with the library.
+// Every function of the library a second time, from its meaning: exact integers of any width instead of steps, but
+// where the manual makes the steps part of the result. Written from the manual alone; it shares no line with the
+// library.
 #ifndef QV8NUMERIC_FUZZ_MODEL_H
 #define QV8NUMERIC_FUZZ_MODEL_H
 

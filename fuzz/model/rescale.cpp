@@ -8,9 +8,7 @@ namespace {
 constexpr Outcome kRefused{NUMERIC_OVERFLOW, true, kNan};
 
 // The largest power applied is 10^87; beyond it the distance counts modulo 8.
-const Wide& capped_power_of_ten(std::int64_t places) {
-    return power_of_ten(places <= 87 ? places : 80 + places % 8);
-}
+const Wide& capped_power_of_ten(std::int64_t places) { return power_of_ten(places <= 87 ? places : 80 + places % 8); }
 
 // value modulo 2^256 in two's complement, if it has the sign bit of the source and four equal limbs on top.
 Outcome let_through(const Wide& value, const Numeric& source) {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Reading a literal. The lexer does the arithmetic while the grammar is still deciding, so a token that ends the literal
-// may have acted already: both are kept apart here for that reason.
+// Reading a literal. The lexer does the arithmetic while the grammar is still deciding, so a token that ends the
+// literal may have acted already: both are kept apart here for that reason.
 #include "model.h"
 #include "scaling.h"
 
@@ -22,7 +22,10 @@ class Lexer {
         if (is_digit(*cursor_)) return exponent_seen_ ? exponent_digits() : mantissa_digits();
         switch (*cursor_) {
             case ',': return groups();
-            case '.': ++cursor_; point_seen_ = true; return Token::kPoint;
+            case '.':
+                ++cursor_;
+                point_seen_ = true;
+                return Token::kPoint;
             case '+': ++cursor_; return Token::kSign;
             case '-': ++cursor_; return minus();
             case 'E':

@@ -84,15 +84,15 @@ class FromDouble : public Operation {
         Stage expected = stage;
         const Outcome outcome = model::from_double(info_, bits_);
         if (outcome.written) expected.result = outcome.value;
-        differences.status(outcome.status,
-                           QV8NumericDbl2Num(stage.info, &stage.result, std::bit_cast<double>(bits_)));
+        differences.status(outcome.status, QV8NumericDbl2Num(stage.info, &stage.result, std::bit_cast<double>(bits_)));
         compare(expected, stage, differences);
         return outcome.status;
     }
 
     void print(std::ostream& out) override {
-        out << "{\n    NumericInfo info = " << initializer(info_) << ";\n    Numeric out;\n    uint64_t bits = "
-            << hexadecimal(bits_) << ";\n    double value; /* " << std::bit_cast<double>(bits_)
+        out << "{\n    NumericInfo info = " << initializer(info_)
+            << ";\n    Numeric out;\n    uint64_t bits = " << hexadecimal(bits_) << ";\n    double value; /* "
+            << std::bit_cast<double>(bits_)
             << " */\n    memcpy(&value, &bits, 8);\n    QV8NumericDbl2Num(&info, &out, value); "
             << expectation(model::from_double(info_, bits_)) << "}\n";
     }

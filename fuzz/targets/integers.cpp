@@ -73,7 +73,8 @@ class ToInteger : public Operation {
         if (choice < 64) in_ = {in_.low, 0};
         if (choice < 32) in_ = {in_.low & 0xffffffff, 0};
         if (choice >= 192) info_.scale = choice % 2 == 0 ? 0 : -(info_.scale % 12);
-        if (choice >= 240) in_ = halves(power_of_two(choice % 4 < 2 ? 31 : 63) * (choice % 8 < 4 ? 1 : -1) + neighbour(choice));
+        if (choice >= 240)
+            in_ = halves(power_of_two(choice % 4 < 2 ? 31 : 63) * (choice % 8 < 4 ? 1 : -1) + neighbour(choice));
     }
 
     std::int32_t check(Differences& differences) override {

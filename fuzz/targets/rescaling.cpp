@@ -38,9 +38,10 @@ class Rescaling : public Operation {
     }
 
     void print_arguments(std::ostream& out) const {
-        out << "{\n    Numeric a = " << initializer(a_) << "; /* " << decimal(a_) << " */\n    Numeric b = "
-            << initializer(b_) << "; /* " << decimal(b_) << " */\n    NumericInfo info = " << initializer(infos_[0])
-            << ", b_info = " << initializer(infos_[1]) << ", result_info = " << initializer(infos_[2]) << ";\n    ";
+        out << "{\n    Numeric a = " << initializer(a_) << "; /* " << decimal(a_)
+            << " */\n    Numeric b = " << initializer(b_) << "; /* " << decimal(b_)
+            << " */\n    NumericInfo info = " << initializer(infos_[0]) << ", b_info = " << initializer(infos_[1])
+            << ", result_info = " << initializer(infos_[2]) << ";\n    ";
     }
 
     Sharing sharing_;
@@ -178,8 +179,8 @@ class RescalingCompare : public Rescaling {
         Stage stage = this->stage();
         const Stage expected = stage;
         const std::int32_t order = expected_outcome();
-        differences.status(order, QV8NumericRescalingCmp(stage.info, &sharing_.info(stage, 1), &stage.a,
-                                                         &sharing_.b(stage)));
+        differences.status(order,
+                           QV8NumericRescalingCmp(stage.info, &sharing_.info(stage, 1), &stage.a, &sharing_.b(stage)));
         compare(expected, stage, differences);
         return order;
     }

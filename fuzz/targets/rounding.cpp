@@ -90,8 +90,8 @@ class Rescale : public Operation {
         Stage expected = stage;
         const Outcome outcome = expected_outcome();
         if (outcome.written) sharing_.result(expected) = outcome.value;
-        differences.status(outcome.status, QV8NumericRescale(stage.info, &sharing_.info(stage, 1), &stage.a,
-                                                             &sharing_.result(stage)));
+        differences.status(outcome.status,
+                           QV8NumericRescale(stage.info, &sharing_.info(stage, 1), &stage.a, &sharing_.result(stage)));
         compare(expected, stage, differences);
         return outcome.status;
     }
@@ -104,7 +104,9 @@ class Rescale : public Operation {
     }
 
   private:
-    Outcome expected_outcome() const { return model::rescale(infos_[0], infos_[sharing_.infos_are_one() ? 0 : 1], source_); }
+    Outcome expected_outcome() const {
+        return model::rescale(infos_[0], infos_[sharing_.infos_are_one() ? 0 : 1], source_);
+    }
 
     // A product beyond the range whose bits 128 to 255 are four times the same limb: the smallest multiple of 10^places
     // above such bits and zeros. With 30 to 38 places its factor is a coefficient, and its lower half below 2^127.

@@ -163,7 +163,8 @@ class Divide : public WithMachineInteger {
 
     void print(std::ostream& out) override {
         out << "{\n    Numeric x = " << initializer(x_) << ";\n    NumericInfo info = " << initializer(info_)
-            << ";\n    QV8NumericDiv(&x, &info, " << literal(integer_) << "); " << expectation(expected_outcome()) << "}\n";
+            << ";\n    QV8NumericDiv(&x, &info, " << literal(integer_) << "); " << expectation(expected_outcome())
+            << "}\n";
     }
 
   private:
@@ -183,7 +184,8 @@ class Predicate : public Operation {
         if (choice < 224) value_ = pattern_;
         if (choice < 64) value_.low ^= std::uint64_t{1} << choice;
         if (choice >= 64 && choice < 128) {
-            value_.high = static_cast<std::int64_t>(static_cast<std::uint64_t>(value_.high) ^ std::uint64_t{1} << (choice - 64));
+            value_.high =
+                static_cast<std::int64_t>(static_cast<std::uint64_t>(value_.high) ^ std::uint64_t{1} << (choice - 64));
         }
     }
 
@@ -247,8 +249,9 @@ Predicate is_nan_pattern("QV8NumericIsNan", QV8NumericIsNan, kNan);
 Setter set_zero("QV8NumericSetZero", QV8NumericSetZero, kZero);
 Setter set_nan("QV8NumericSetNan", QV8NumericSetNan, kNan);
 
-Operation* const kOperations[] = {&add,     &subtract,       &compare_coefficients, &multiply, &divide_by_integer,
-                                  &is_zero, &is_nan_pattern, &set_zero,             &set_nan};
+Operation* const kOperations[] = {
+    &add,      &subtract, &compare_coefficients, &multiply, &divide_by_integer, &is_zero, &is_nan_pattern,
+    &set_zero, &set_nan};
 
 }  // namespace
 

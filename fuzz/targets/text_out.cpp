@@ -88,8 +88,8 @@ class Format : public Operation {
         out << "    char memory[" << kRoom << "], *buffer = " << (is_null() ? "NULL" : "memory");
         if (!is_null()) out << " + " << offset();
         out << ";\n    " << name() << "(&value, &info, " << literal(exponent_shift_) << ", " << literal(output_scale_)
-            << ", buffer, " << size_ << "); /* " << status_name(outcome.status) << ", "
-            << literal(outcome.characters) << " */\n}\n";
+            << ", buffer, " << size_ << "); /* " << status_name(outcome.status) << ", " << literal(outcome.characters)
+            << " */\n}\n";
     }
 
   private:
