@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A target as an ordinary program.
+#include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -93,6 +95,7 @@ std::vector<std::filesystem::path> files(const std::vector<std::string>& paths) 
             result.emplace_back(path);
         }
     }
+    std::sort(result.begin(), result.end());
     return result;
 }
 
