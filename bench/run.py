@@ -15,10 +15,12 @@ import docs
 import plot
 import report
 import results
+import worst
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "bench"
 PROGRAM = BUILD / "qv8numeric_bench"
+WORST_PROGRAM = BUILD / "qv8numeric_bench_worst"
 LIBRARY = BUILD / "libqv8numeric.so.1"
 PORTABLE_LIBRARY = ROOT / "build" / "bench-portable" / "libqv8numeric.so.1"
 RESULTS = BUILD / "results"
@@ -62,7 +64,9 @@ def parse_arguments() -> argparse.Namespace:
     parser.add_argument("--quick", action="store_true", help="the rows of the table, fewer repetitions")
     parser.add_argument("--check", action="store_true", help="check every answer and run each loop once; time nothing")
     parser.add_argument("--compare", metavar="REV", help="the library at REV and that of the work tree, nobody else")
-    parser.add_argument("--write-docs", action="store_true", help="measure, and renew docs/performance.md")
+    parser.add_argument("--worst", action="store_true", help="the dearest calls of every function, beside the usual ones")
+    parser.add_argument("--write-docs", action="store_true",
+                        help="measure, and renew docs/performance.md, or with --worst docs/bounds.md")
     return parser.parse_args()
 
 
@@ -71,6 +75,9 @@ def main() -> None:
     RESULTS.mkdir(parents=True, exist_ok=True)
     if arguments.check:
         run_program(*libraries(), f"--groups={ALL_GROUPS}", "--check", *arguments.filters)
+        worst.measure(WORST_PROGRAM, 1, 0)
+    elif arguments.worst:
+        worst.run(WORST_PROGRAM, 7, 0.01, ROOT / "docs" / "bounds.md" if arguments.write_docs else None)
     elif arguments.compare:
         compare.compare(arguments.compare, PROGRAM, LIBRARY, RESULTS, arguments.filters)
     elif arguments.quick or arguments.filters:

@@ -3,25 +3,12 @@
 
 #include <cstring>
 #include <stdexcept>
-#include <tuple>
-#include <type_traits>
 
+#include "apply.h"
 #include "reference/reference.h"
 
 namespace short_roads {
 namespace {
-
-// The braces make the arguments be handed out in the order of the parameters.
-template <typename R, typename... A>
-std::int32_t apply(R (*function)(A...), Arguments& arguments) {
-    const std::tuple<A...> list{arguments.next<A>()...};
-    if constexpr (std::is_void_v<R>) {
-        std::apply(function, list);
-        return NUMERIC_OK;
-    } else {
-        return std::apply(function, list);
-    }
-}
 
 template <typename R, typename... A>
 std::string describe(R (*)(A...), ArgumentsInWords& arguments) {
@@ -29,16 +16,6 @@ std::string describe(R (*)(A...), ArgumentsInWords& arguments) {
     const std::string list[] = {arguments.next<A>()...};
     for (const std::string& argument : list) text += "    " + argument + "\n";
     return text;
-}
-
-template <typename T, typename R, typename... A>
-constexpr bool takes(R (*)(A...)) {
-    return (std::is_same_v<T, A> || ...);
-}
-
-template <auto function>
-std::int32_t call(Arguments arguments) {
-    return apply(function, arguments);
 }
 
 template <auto function>
@@ -49,8 +26,8 @@ std::string words(ArgumentsInWords arguments) {
 template <auto library, auto plain>
 constexpr Operation operation(const char* name, Draw draw, unsigned share) {
     return {name,
-            call<library>,
-            call<plain>,
+            invoke<library>,
+            invoke<plain>,
             words<library>,
             draw,
             share,
