@@ -3,6 +3,7 @@
 #ifndef QV8NUMERIC_TESTS_SHORT_ROADS_APPLY_H
 #define QV8NUMERIC_TESTS_SHORT_ROADS_APPLY_H
 
+#include <cstddef>
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
@@ -41,9 +42,15 @@ void repeat(const Call& call, Memory& memory, std::uint64_t times) {
     }
 }
 
+// How many parameters are of a type.
 template <typename T, typename R, typename... A>
-constexpr bool takes(R (*)(A...)) {
-    return (std::is_same_v<T, A> || ...);
+constexpr std::size_t count_of(R (*)(A...)) {
+    return (std::size_t{std::is_same_v<T, A>} + ...);
+}
+
+template <typename T, typename R, typename... A>
+constexpr bool takes(R (*function)(A...)) {
+    return count_of<T>(function) > 0;
 }
 
 }  // namespace short_roads

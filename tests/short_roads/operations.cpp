@@ -23,6 +23,15 @@ std::string words(ArgumentsInWords arguments) {
     return describe(function, arguments);
 }
 
+template <auto library>
+constexpr Result result_of() {
+    if (takes<Numeric*>(library)) return Result::kNumeric;
+    if (takes<std::int32_t*>(library)) return Result::kInt32;
+    if (takes<std::int64_t*>(library)) return Result::kInt64;
+    if (takes<double*>(library)) return Result::kDouble;
+    return takes<char*>(library) ? Result::kText : Result::kNone;
+}
+
 template <auto library, auto plain>
 constexpr Operation operation(const char* name, Draw draw, unsigned share) {
     return {name,
@@ -32,7 +41,10 @@ constexpr Operation operation(const char* name, Draw draw, unsigned share) {
             draw,
             share,
             takes<const char*>(library),
-            takes<char*>(library)};
+            takes<char*>(library),
+            result_of<library>(),
+            count_of<const NumericInfo*>(library),
+            count_of<const Numeric*>(library) == 2};
 }
 
 constexpr Operation kOperations[] = {

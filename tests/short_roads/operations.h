@@ -13,6 +13,9 @@
 
 namespace short_roads {
 
+// What a call writes to, beside the end of a text.
+enum class Result { kNone, kNumeric, kInt32, kInt64, kDouble, kText };
+
 struct Operation {
     const char* name;
     std::int32_t (*library)(Arguments arguments);
@@ -22,6 +25,9 @@ struct Operation {
     unsigned share;  // of the cases drawn, against that of the others
     bool reads_text;
     bool writes_text;
+    Result result;
+    std::size_t infos;  // descriptors that it takes
+    bool takes_two;     // operands
 };
 
 std::span<const Operation> operations();
