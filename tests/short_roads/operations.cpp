@@ -39,12 +39,12 @@ constexpr Operation operation(const char* name, Draw draw, unsigned share) {
             invoke<plain>,
             words<library>,
             draw,
-            share,
-            takes<const char*>(library),
-            takes<char*>(library),
-            result_of<library>(),
             count_of<const NumericInfo*>(library),
-            count_of<const Numeric*>(library) == 2};
+            share,
+            result_of<library>(),
+            count_of<const Numeric*>(library) == 2,
+            takes<const char*>(library),
+            takes<char*>(library)};
 }
 
 constexpr Operation kOperations[] = {

@@ -22,12 +22,12 @@ struct Operation {
     std::int32_t (*reference)(Arguments arguments);
     std::string (*in_words)(ArgumentsInWords arguments);
     Draw draw;
-    unsigned share;  // of the cases drawn, against that of the others
+    std::size_t infos;  // descriptors that it takes
+    unsigned share;     // of the cases drawn, against that of the others
+    Result result;
+    bool takes_two;  // operands
     bool reads_text;
     bool writes_text;
-    Result result;
-    std::size_t infos;  // descriptors that it takes
-    bool takes_two;     // operands
 };
 
 std::span<const Operation> operations();

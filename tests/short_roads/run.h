@@ -31,7 +31,7 @@ struct Progress {
 void run(const Plan& plan, Progress& progress);
 
 // The call that this one of the plan's calls is, without making it.
-void print_call(const Plan& plan, std::uint64_t number);
+void print_call(const Plan& plan, std::uint64_t wanted);
 
 }  // namespace short_roads
 

@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "numconv/literal.h"
@@ -37,7 +38,11 @@ class Digest {
         const auto* const bytes = static_cast<const unsigned char*>(begin);
         for (std::size_t i = 0; i < size; ++i) value_ = (value_ ^ bytes[i]) * 0x100000001b3;
     }
-    void add(std::int32_t status) { add(&status, sizeof status); }
+    void add(std::int32_t status) {
+        std::array<unsigned char, sizeof status> bytes{};
+        std::memcpy(bytes.data(), &status, sizeof status);
+        add(bytes.data(), bytes.size());
+    }
     std::uint64_t value() const { return value_; }
 
   private:
@@ -82,11 +87,12 @@ using DrawnCalls = std::vector<std::vector<Call>>;
 DrawnCalls draw_all() {
     DrawnCalls all;
     for (const Operation& operation : operations()) {
-        std::vector<Call>& calls = all.emplace_back(kCalls);
+        std::vector<Call> calls(kCalls);
         for (std::uint64_t i = 0; i < kCalls; ++i) {
             Random random(kSeed, i);
             operation.draw(random, calls[i]);
         }
+        all.push_back(std::move(calls));
     }
     return all;
 }
