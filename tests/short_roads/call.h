@@ -23,7 +23,7 @@ struct Call {
     std::int32_t numbers[2] = {};  // places; a factor or a divisor; exponent shift and output scale; an int32 value
     std::int64_t wide_number = 0;
     double real = 0;
-    std::string text;
+    std::string text{};
     bool end_wanted = true;
     std::size_t buffer_size = 0;
     std::uint32_t flag = 0;
