@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 # Everything that looks at the sources without running them. The library, the examples and what is written in C are
-# always looked at; the C++ of the tests, which takes minutes, with --all.
+# always looked at; with --all, which takes minutes, also the C++ of the tests that stands on no other library.
 #
 # usage: lint.sh JOBS [--all]
 set -eu
@@ -39,5 +39,5 @@ quietly clang-tidy --quiet $(c_sources | grep -v examples) -- -std=c99 -Iinclude
 
 [ "$scope" = --all ] || exit 0
 cmake --preset release >/dev/null
-find tests/short_roads tests/bounds tests/threads tests/memory tests/reference tests/support -name '*.cpp' -print0 |
+find tests/short_roads tests/bounds tests/threads tests/memory tests/reference -name '*.cpp' -print0 |
     quietly xargs -0 -n 1 -P "$jobs" clang-tidy -p build/release --quiet
