@@ -53,7 +53,7 @@ class Sheet:
         self.assumptions: list[Term] = []
         self.claims: list[tuple[str, Term]] = []
         self.models: list[Model] = []
-        self.witness: Values | None = None
+        self.drawn_by: Sheet | None = None
         self.draw: Callable[[random.Random], Values] | None = None
         self._items: list[tuple[str, str, Term, str]] = []
 
@@ -99,6 +99,29 @@ class Sheet:
         self.claims.append((name, term(condition)))
         self._items.append(("claim", name, term(condition), tactic))
 
+    def lemma(self, book: "Book", name: str, hypotheses: Sequence[Operand], conclusion: Operand) -> None:
+        """A claim on a sheet of its own, with nothing beside the hypotheses that could distract the solver; each of them
+        has to be assumed or claimed here too."""
+        sheet = book.sheet(f"{self.name}: {name}")
+        used: set[str] = set()
+        stack = [term(x) for x in (*hypotheses, conclusion)]
+        while stack:
+            node = stack.pop()
+            stack.extend(node.args)
+            if node.op == "variable":
+                used.add(node.value)
+        for variable, x in self.variables.items():
+            if variable in used:
+                sheet.variables[variable] = x
+                sheet.ranges[variable] = self.ranges[variable]
+                sheet.assume(between(self.ranges[variable][0], x, self.ranges[variable][1]))
+        for hypothesis in hypotheses:
+            self.claim(f"{name}, as assumed", hypothesis)
+            sheet.assume(hypothesis)
+        sheet.claim(name, conclusion)
+        sheet.drawn_by = self
+        self.assume(conclusion)
+
     def model(self, function: str, inputs: Sequence[Operand], outputs: Sequence[Operand]) -> None:
         self.models.append(Model(function, tuple(map(term, inputs)), tuple(map(term, outputs))))
 
@@ -118,7 +141,8 @@ class Sheet:
         return min(max(value, low), high)
 
     def _values(self) -> Values:
-        drawn: Values = self.draw(self.random) if self.draw else {}
+        draw = self.drawn_by.draw if self.drawn_by else self.draw
+        drawn: Values = draw(self.random) if draw else {}
         for name, variable in self.variables.items():
             if name in drawn:
                 continue
@@ -162,6 +186,12 @@ class Sheet:
                 return values
         return None
 
+    def _witness(self) -> Values:
+        """Values that are known to meet the assumptions, where there is a way to draw them: it spares the solver a search
+        that can be hard where claims are nonlinear."""
+        draw = self.drawn_by.draw if self.drawn_by else self.draw
+        return next(iter(self.draws(1)))[0] if draw else {}
+
     # ---- Printing ----
 
     def _assigned(self, values: Values) -> tuple[str, ...]:
@@ -196,7 +226,7 @@ class Sheet:
                 unchecked = True
                 continue
             if unchecked:
-                ask("the assumptions can hold", self._assigned(self.witness or {}), "", "sat")
+                ask("the assumptions can hold", self._assigned(hint or self._witness()), "", "sat")
                 unchecked = False
             ask(name, (f"(assert (not {text}))",), tactic, "unsat")
             lines.append(f"(assert {text})")

@@ -105,9 +105,12 @@ class Term:
     def __truediv__(self, o: Operand) -> "Term":
         return Term("/", (to_real(self), to_real(self._lift(o))), REAL)
 
-    def __floordiv__(self, o: int) -> "Term":
+    def __floordiv__(self, o: Operand) -> "Term":
         assert self.sort == INT
         return Term("div", (self, self._lift(o)), INT)
+
+    def __rfloordiv__(self, o: Operand) -> "Term":
+        return self._lift(o) // self
 
     def __mod__(self, o: int) -> "Term":
         assert self.sort == INT
