@@ -26,6 +26,7 @@ import time
 
 from compiled import Compiled, Tables
 from sheets import PROOFS, Book, Failed, Proof, Question, Sheet
+from terms import Values
 
 HERE = pathlib.Path(__file__).parent
 SOURCES = HERE.parent
@@ -122,17 +123,17 @@ def shown_wrong(proof: Proof, sheet: Sheet, folder: pathlib.Path, seconds: int) 
     """z3 finds values for which the sheet is wrong: by itself or, failing that, from values drawn here, which it then
     confirms."""
     path = folder / f"{proof.name}.broken.smt2"
-    for hint in (lambda: None, sheet.counterexample):
-        values = hint()
-        if values is None and hint is not None and hint == sheet.counterexample:
-            return False
+
+    def wrong(values: Values | None) -> bool:
         lines, questions = sheet.script(values)
-        answers = solve(path, [*header(proof, True), *lines], seconds)
-        if any(q.expected == "sat" and a != "sat" for q, a in zip(questions, answers)):
-            return False  # a fault must not make the assumptions impossible
-        if any(q.expected == "unsat" and a == "sat" for q, a in zip(questions, answers)):
-            return True
-    return False
+        first = first_difference(questions, solve(path, [*header(proof, True), *lines], seconds))
+        # A fault must not make the assumptions impossible, and what comes behind the first wrong claim counts no more.
+        return first is not None and first[0].expected == "unsat" and first[1] == "sat"
+
+    if wrong(None):
+        return True
+    values = sheet.counterexample()
+    return values is not None and wrong(values)
 
 
 def break_proof(proof: Proof, tables: Tables, folder: pathlib.Path, seconds: int) -> tuple[int, int]:
