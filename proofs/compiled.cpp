@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The tables and the functions of the library as they were compiled, for the generator of the proofs:
 //     qv8numeric_compiled tables      prints the tables and constants as JSON
-//     qv8numeric_compiled calls       reads calls, a function's name and its arguments on a line, and prints the answers
+//     qv8numeric_compiled calls       reads calls, a function's name and its arguments on a line, and prints the
+//     answers
 #include "compiled.h"
 
 #include <charconv>
@@ -123,8 +124,7 @@ const Function kFunctions[] = {
     {"shift_left_pair", 3, [](auto* a) { return words(shift_left(pair_at(a), static_cast<unsigned>(a[2]))); }},
     {"less_pair", 4, [](auto* a) { return Words{one_if(pair_at(a) < pair_at(a + 2))}; }},
     // extended_numeric.h
-    {"add",
-     8,
+    {"add", 8,
      [](auto* a) {
          std::uint64_t carry = 0;
          Words result = words(add(four_at(a), four_at(a + 4), carry));
@@ -135,8 +135,7 @@ const Function kFunctions[] = {
     {"negated_if", 5, [](auto* a) { return words(negated_if(a[0] != 0, four_at(a + 1))); }},
     {"multiply_pair_word", 3, [](auto* a) { return words(multiply(pair_at(a), a[2])); }},
     {"multiply_pair", 4, [](auto* a) { return words(multiply(pair_at(a), pair_at(a + 2))); }},
-    {"multiply_by",
-     5,
+    {"multiply_by", 5,
      [](auto* a) {
          ExtendedNumeric x = four_at(a);
          unsigned overflow = 0;
@@ -147,20 +146,17 @@ const Function kFunctions[] = {
      }},
     {"bit_length", 4, [](auto* a) { return Words{bit_length(four_at(a))}; }},
     // primitives.h
-    {"make_divisor",
-     1,
+    {"make_divisor", 1,
      [](auto* a) {
          const divisor_t d = make_divisor(low32(a[0]));
          return Words{d.shift, d.multiplier, d.divisor};
      }},
-    {"divide_limb",
-     4,
+    {"divide_limb", 4,
      [](auto* a) {
          const LimbQuotient q = divide_limb(a[0], {low32(a[1]), low32(a[2]), low32(a[3])});
          return Words{q.quotient, q.remainder};
      }},
-    {"mul_unsigned",
-     5,
+    {"mul_unsigned", 5,
      [](auto* a) {
          ExtendedNumeric r{};
          unsigned overflow = 0;
@@ -169,8 +165,7 @@ const Function kFunctions[] = {
          result.push_back(overflow);
          return result;
      }},
-    {"div_unsigned",
-     7,
+    {"div_unsigned", 7,
      [](auto* a) {
          ExtendedNumeric q{};
          unsigned code = 0, sticky = 0;
@@ -183,7 +178,9 @@ const Function kFunctions[] = {
     {"remainder_code", 2, [](auto* a) { return Words{remainder_code(low32(a[0]), low32(a[1]))}; }},
     {"remainder_of", 2, [](auto* a) { return Words{remainder_of(low32(a[0]), low32(a[1]))}; }},
     {"fraction_of_dropped", 2,
-     [](auto* a) { return Words{static_cast<std::uint64_t>(fraction_of(Dropped{low32(a[0]), low32(a[1])}))}; }},
+     [](auto* a) {
+         return Words{static_cast<std::uint64_t>(fraction_of(Dropped{low32(a[0]), low32(a[1])}))};
+     }},
     {"fraction_of", 2, [](auto* a) { return Words{static_cast<std::uint64_t>(fraction_of(a[0], a[1]))}; }},
     {"fraction_of_pair", 4,
      [](auto* a) { return Words{static_cast<std::uint64_t>(fraction_of(pair_at(a), pair_at(a + 2)))}; }},
@@ -192,12 +189,12 @@ const Function kFunctions[] = {
          return Words{static_cast<std::uint64_t>(joined(static_cast<Fraction>(a[0]), static_cast<Fraction>(a[1])))};
      }},
     {"complement_if", 2,
-     [](auto* a) {
-         return Words{static_cast<std::uint64_t>(complement_if(a[0] != 0, static_cast<Fraction>(a[1])))};
-     }},
+     [](auto* a) { return Words{static_cast<std::uint64_t>(complement_if(a[0] != 0, static_cast<Fraction>(a[1])))}; }},
     // rounding.h
     {"rounds_away", 4,
-     [](auto* a) { return Words{one_if(rounds_away(low32(a[0]), static_cast<Fraction>(a[1]), a[2] != 0, a[3] != 0))}; }},
+     [](auto* a) {
+         return Words{one_if(rounds_away(low32(a[0]), static_cast<Fraction>(a[1]), a[2] != 0, a[3] != 0))};
+     }},
     {"rounds_up", 4,
      [](auto* a) { return Words{one_if(rounds_up(low32(a[0]), static_cast<Fraction>(a[1]), a[2] != 0, a[3] != 0))}; }},
     // reciprocal.h
@@ -276,7 +273,9 @@ const Function kFunctions[] = {
     {"fits_int64", 2, [](auto* a) { return Words{one_if(fits_int64(numeric_at(a)))}; }},
     {"magnitude_of", 2, [](auto* a) { return words(magnitude_of(numeric_at(a))); }},
     {"compare_same_scale", 4,
-     [](auto* a) { return Words{static_cast<std::uint64_t>(int64_t{compare_same_scale(numeric_at(a), numeric_at(a + 2))})}; }},
+     [](auto* a) {
+         return Words{static_cast<std::uint64_t>(int64_t{compare_same_scale(numeric_at(a), numeric_at(a + 2))})};
+     }},
     {"add_same_scale", 4,
      [](auto* a) {
          Numeric result{};
@@ -291,8 +290,8 @@ const Function kFunctions[] = {
      }},
     {"align", 6,
      [](auto* a) {
-         const Alignment at = align(numeric_at(a), static_cast<std::int32_t>(a[2]), numeric_at(a + 3),
-                                    static_cast<std::int32_t>(a[5]));
+         const Alignment at =
+             align(numeric_at(a), static_cast<std::int32_t>(a[2]), numeric_at(a + 3), static_cast<std::int32_t>(a[5]));
          return Words{static_cast<std::uint64_t>(at.common_scale), static_cast<std::uint64_t>(at.a_shift),
                       static_cast<std::uint64_t>(at.b_shift)};
      }},
@@ -312,7 +311,10 @@ const Function kFunctions[] = {
          const Matched matched = without_first_miss({a[0], a[1]});
          return Words{matched.values, matched.misses};
      }},
-    {"first_values", 2, [](auto* a) { return Words{first_values({a[0], 0}, static_cast<unsigned>(a[1]))}; }},
+    {"first_values", 2,
+     [](auto* a) {
+         return Words{first_values({a[0], 0}, static_cast<unsigned>(a[1]))};
+     }},
     {"number_of", 1, [](auto* a) { return Words{number_of(a[0])}; }},
     {"number_of_groups", 1, [](auto* a) { return Words{number_of<1'000>(a[0])}; }},
 };

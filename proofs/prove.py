@@ -206,7 +206,7 @@ def main() -> int:
     parser.add_argument("--list", action="store_true")
     parser.add_argument("--seconds", type=int, default=60, help="for each question to the solver (%(default)s)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count() or 1)
-    options = parser.parse_args()
+    options = parser.parse_intermixed_args()
     load_claims()
     if options.list:
         print_list()

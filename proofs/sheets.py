@@ -14,7 +14,7 @@ import zlib
 from typing import Any, Callable, Iterator, Sequence
 
 from compiled import Compiled, Tables
-from terms import BOOL, INT, REAL, Operand, Printer, Term, Values, between, bits, is_bits, literal, term, width_of
+from terms import BOOL, INT, REAL, Operand, Printer, Term, Values, between, bits, both, implies, literal, term
 
 DRAWS = 48  # on which each sheet is evaluated
 MOST_TRIES = 20_000
@@ -102,9 +102,19 @@ class Sheet:
     def lemma(self, book: "Book", name: str, hypotheses: Sequence[Operand], conclusion: Operand) -> None:
         """A claim on a sheet of its own, with nothing beside the hypotheses that could distract the solver; each of them
         has to be assumed or claimed here too."""
+        sheet = self._beside(book, name, tuple(term(x) for x in (*hypotheses, conclusion)))
+        for hypothesis in hypotheses:
+            self.claim(f"{name}, as assumed", hypothesis)
+            sheet.assume(hypothesis)
+        sheet.claim(name, conclusion)
+        self.assume(conclusion)
+
+    def _beside(self, book: "Book", name: str, terms: tuple[Term, ...]) -> "Sheet":
+        """A sheet with those of the variables here that the terms speak of."""
         sheet = book.sheet(f"{self.name}: {name}")
+        sheet.drawn_by = self
         used: set[str] = set()
-        stack = [term(x) for x in (*hypotheses, conclusion)]
+        stack = list(terms)
         while stack:
             node = stack.pop()
             stack.extend(node.args)
@@ -115,12 +125,16 @@ class Sheet:
                 sheet.variables[variable] = x
                 sheet.ranges[variable] = self.ranges[variable]
                 sheet.assume(between(self.ranges[variable][0], x, self.ranges[variable][1]))
-        for hypothesis in hypotheses:
-            self.claim(f"{name}, as assumed", hypothesis)
-            sheet.assume(hypothesis)
-        sheet.claim(name, conclusion)
-        sheet.drawn_by = self
-        self.assume(conclusion)
+        return sheet
+
+    def product(self, book: "Book", name: str, p: Term, q: Term, conclusion: Term, given: Operand = True) -> None:
+        """What follows from p * q >= 0 by multiplying out, where p and q are no less than 0 (the proof products.sign)."""
+        self.claim(f"{name}, both factors", implies(given, both(p >= 0, q >= 0)))
+        sheet = self._beside(book, name, (p, q, conclusion, term(given)))
+        sheet.assume(given)
+        sheet.assume(p * q >= 0)
+        sheet.claim(name, conclusion, IDENTITY)
+        self.assume(implies(given, conclusion))
 
     def model(self, function: str, inputs: Sequence[Operand], outputs: Sequence[Operand]) -> None:
         self.models.append(Model(function, tuple(map(term, inputs)), tuple(map(term, outputs))))

@@ -185,6 +185,16 @@ def _(book: Book, broken: bool) -> None:
 # ---- Two words by one ----
 
 
+@proof("products.sign", f"{FILE}: divide_2by1, divide_3by2",
+       "The one fact about products of unknowns that these proofs use: of two numbers no less than 0 it is no less than 0.",
+       "one of them may be less")
+def _(book: Book, broken: bool) -> None:
+    sheet = book.sheet()
+    p, q = sheet.integer("p", -1 if broken else 0, B**8), sheet.integer("q", 0, B**8)
+    sheet.claim("the product", p * q >= 0)
+    sheet.model("divide_2by1", [0, 0, 2**63, B - 1], [0, 0])
+
+
 @proof("reciprocal.native", f"{FILE}: reciprocal_of",
        """The dividend 2^128 - 1 - d * 2^64 has the words ~d and 2^64 - 1, the upper one below a normalized d, so that the
        processor's division does not trap; its quotient is the reciprocal.""",
@@ -217,15 +227,18 @@ def _(book: Book, broken: bool) -> None:
     rest = sheet.integer("rest", -(B**2), B**2)
     sheet.assume(k <= d)
     sheet.assume(u1 < d)
-    sheet.assume(rest * B == u1 * k + u0 * (B - d) + q0 * d - d * B)  # by the identity
+    sheet.assume(rest * B == u1 * k + u0 * B - u0 * d + q0 * d - d * B)  # by the identity
+    sheet.product(book, "u1 * k", u1, k, u1 * k >= 0)
+    sheet.product(book, "u0 * (B - d)", u0, B - d, u0 * B - u0 * d >= 0)
+    sheet.product(book, "q0 * d", q0, d, q0 * d >= 0)
     sheet.claim("not below -d", rest >= -d)
-    sheet.lemma(book, "a product", [], q0 * d > q0 * B + d * B - B * B)
+    sheet.product(book, "(B - q0) * (B - d)", B - 1 - q0, B - d, q0 * d - q0 * B - d * (B - 1) + B * (B - 1) >= 0)
     sheet.claim("not below q0 - B", rest > q0 - B)
-    sheet.lemma(book, "u1 * k", [k <= d], u1 * k <= u1 * d)
-    sheet.lemma(book, "u1 * d", [u1 < d], u1 * d <= d * d - d)
-    sheet.lemma(book, "u0 * (B - d)", [], u0 * (B - d) <= (B - d) * (B - 1))
-    sheet.lemma(book, "above q0", [], implies(rest >= q0, rest * d >= q0 * d))
-    sheet.lemma(book, "above B - d", [], implies(rest >= B - d, rest * (B - d) >= (B - d) * (B - d)))
+    sheet.product(book, "u1 * k below", u1, d - k, u1 * k <= u1 * d)
+    sheet.product(book, "u1 * d below", d - 1 - u1, d, u1 * d <= d * d - d)
+    sheet.product(book, "u0 * (B - d) below", B - 1 - u0, B - d, u0 * B - u0 * d <= (B - d) * (B - 1))
+    sheet.product(book, "above q0", rest - q0, d, rest * d >= q0 * d, rest >= q0)
+    sheet.product(book, "above B - d", rest - B + d, B - d, rest * B - rest * d >= B * B - d * (2 * B) + d * d, rest >= B - d)
     sheet.claim("below q0 or B - d", either(rest < q0, rest < B - d))
     less = choose(rest < 0, rest + B, rest) > q0
     first = rest + choose(less, d, 0)
@@ -240,11 +253,11 @@ def _(book: Book, broken: bool) -> None:
 
     sheet = book.sheet("the estimate fits")
     d, v, u1, u0 = (sheet.integer(name, 0, B - 1) for name in ("d", "v", "u1", "u0"))
-    sheet.assume((v + B) * d < B**2)
+    sheet.assume(v * d + d * B < B**2)
     sheet.assume(u1 < d)
-    sheet.claim("a product", both((v + B) * u1 <= (v + B) * d - (v + B), u0 < B))
-    sheet.claim("two words", (v + B) * u1 + u0 < B**2)
-    sheet.draw = lambda random: {name: draw_2by1(random)[name] for name in ()} or draw_2by1(random)
+    sheet.product(book, "v * u1", v + B, d - 1 - u1, v * u1 + u1 * B <= v * d + d * B - v - B)
+    sheet.claim("two words", v * u1 + u1 * B + u0 < B**2)
+    sheet.draw = draw_2by1
 
 
 def draw_2by1(random: Random) -> Values:
@@ -328,28 +341,32 @@ def _(book: Book, broken: bool) -> None:
     d = B**2 - y
     sheet.assume(k <= d)
     sheet.assume(u2 * B + u1 < d)
-    sheet.assume(k == y * B - v * d)  # that v is the reciprocal
-    sheet.assume(rest * B == u2 * k + u1 * y + u0 * B + q0 * d - d * B)  # by the identity
-    for name, product in (("u2 * k", u2 * k), ("u1 * y", u1 * y), ("q0 * y", q0 * y)):
-        sheet.lemma(book, name, [], product >= 0)
-    sheet.lemma(book, "q0 * y below", [], q0 * y <= y * B)
-    sheet.lemma(book, "u2 * k below", [k <= d], u2 * k <= u2 * B**2 - u2 * y)
+    sheet.assume(k == y * B - v * B**2 + v * y)  # that v is the reciprocal
+    sheet.assume(rest * B == u2 * k + u1 * y + u0 * B + q0 * B**2 - q0 * y - d * B)  # by the identity
+    sheet.product(book, "u2 * k", u2, k, u2 * k >= 0)
+    sheet.product(book, "u1 * y", u1, y, u1 * y >= 0)
+    sheet.product(book, "q0 * y", q0, y, q0 * y >= 0)
+    sheet.product(book, "q0 * y below", B - q0, y, q0 * y <= y * B)
+    sheet.product(book, "u2 * k below", u2, d - k, u2 * k <= u2 * B**2 - u2 * y)
     sheet.claim("not below -d", rest >= -d)
     sheet.claim("not below (q0 - 2^64) * 2^64", rest >= q0 * B - B**2)
     # What lies above both bounds would lie above their mean, and make this positive.
     beyond = u2 * k * B + u1 * y * B + u0 * B**2 - d * B**2 - y * y
     above_both = both(rest >= q0 * B, rest >= y)
-    sheet.lemma(book, "above q0 * 2^64", [], implies(rest >= q0 * B, (rest - q0 * B) * y <= (rest - q0 * B) * B**2))
-    sheet.lemma(book, "above y", [], implies(rest >= y, rest * y >= y * y))
+    sheet.product(book, "above q0 * 2^64", rest - q0 * B, d, rest * B**2 - rest * y >= q0 * B**3 - q0 * y * B, rest >= q0 * B)
+    sheet.product(book, "above y", rest - y, y, rest * y >= y * y, rest >= y)
     sheet.claim("the mean", implies(above_both, rest * B**2 >= q0 * B**3 - q0 * y * B + y * y))
     sheet.claim("beyond both", implies(above_both, beyond >= 0))
-    sheet.lemma(book, "the upper two words", [u2 * B + u1 < d], (u2 * B + u1) * d <= d * d - d)
-    sheet.lemma(book, "the middle word", [], implies(y >= B, u1 * (y * (B + 1) - B**2) <= (y * (B + 1) - B**2) * (B - 1)))
+    sheet.product(book, "the upper two words", d - 1 - u2 * B - u1, d,
+                  u2 * B**3 - u2 * y * B + u1 * B**2 - u1 * y <= B**4 - y * (2 * B**2) + y * y - B**2 + y)
+    sheet.product(book, "the middle word", B - 1 - u1, y * (B + 1) - B**2,
+                  u1 * y * (B + 1) - u1 * B**2 <= (y * (B + 1) - B**2) * (B - 1), y >= B)
     sheet.claim("far from 2^128", implies(y >= B, beyond < 0))
-    sheet.lemma(book, "v * d", [], implies(v >= 1, v * y <= v * B**2 - B**2 + y))
+    sheet.product(book, "v * d", v - 1, d, v * y <= v * B**2 - B**2 + y, v >= 1)
     sheet.claim("near 2^128", implies(y < B, k == y * B))
     sheet.lemma(book, "u2 * k near", [], implies(k == y * B, u2 * k == u2 * y * B))
-    sheet.lemma(book, "the upper two words, times y", [u2 * B + u1 < d], (u2 * B + u1) * y <= (d - 1) * y)
+    sheet.product(book, "the upper two words, times y", d - 1 - u2 * B - u1, y,
+                  u2 * y * B + u1 * y <= y * (B**2 - 1) - y * y)
     sheet.lemma(book, "a tangent", [], y * y >= y * (2 * B - 2) - (B - 1) ** 2)
     sheet.claim("near 2^128, too", implies(y < B, beyond < 0))
     sheet.claim("below q0 * 2^64 or 2^128 - d", either(rest < q0 * B, rest < y))
