@@ -6,8 +6,8 @@ from random import Random
 
 from claims.numbers import four_words, multiply_row, number, row_product
 from compiled import Divisor, Tables
-from sheets import IDENTITY, Book, proof
-from terms import Term, between, both, choose, either, every, one_if
+from sheets import Book, proof
+from terms import Term, between, both, choose, every, one_if
 
 FILE = "src/wide/primitives.h"
 
@@ -83,42 +83,6 @@ def _(book: Book, broken: bool) -> None:
                                                    between(0, remainder, d.divisor - 1)))
         sheet.claim("the quotient fits", between(0, quotient, 2**32 - 1))
         sheet.model("divide_limb", [x, d.shift, d.multiplier, d.divisor], [quotient, remainder])
-
-
-@proof("divide_limb.any", f"{FILE}: divide_limb, make_divisor",
-       """For every divisor 1 <= d < 2^30, beyond the tables too, with the multiplier that make_divisor gives it: the
-       product stays below 2^64, and the estimate is never above the true quotient and at most three below it.""",
-       "a shift one longer")
-def _(book: Book, broken: bool) -> None:
-    for s in range(30):
-        sheet = book.sheet(f"2^{s} <= d < 2^{s + 1}")
-        d = sheet.integer("d", 2**s, 2 ** (s + 1) - 1)
-        m = sheet.integer("m", 2**31, 2**32 - 1)
-        lacking = sheet.integer("lacking", 0, 2 ** (s + 1))  # of the multiplier to the reciprocal, times d
-        sheet.assume(lacking == 2 ** (32 + s) - m * d)
-        sheet.assume(either(lacking < d, both(lacking == d, d == 2**s)))
-        x = sheet.integer("x", 0, 2 ** (s + 33) - 1)
-        sheet.assume(x < d * 2**32)
-        shift = s + 1 if broken else s
-        upper, cut = x // 2**shift, x % 2**shift
-        estimate, rest = upper * m // 2**32, upper * m % 2**32
-        # d * 2^(32+s) times what is left of x: the sum of what three roundings cost.
-        sheet.claim("the product fits", upper * m < 2**64)
-        sheet.claim("what is left", 2 ** (32 + shift) * (x - estimate * d) ==
-                    2 ** (32 + shift) * cut + upper * (2 ** (32 + shift) - m * d) * 2**shift + rest * d * 2**shift, IDENTITY)
-        sheet.claim("the multiplier's part", both(upper * lacking >= 0, upper * lacking <= upper * 2 ** (s + 1)))
-        sheet.claim("the multiplier costs little", upper * lacking < 2**33 * d)
-        sheet.claim("the last rounding costs little", both(rest * d >= 0, rest * d < 2**32 * d))
-        sheet.claim("not above", estimate * d <= x)
-        sheet.claim("at most three below", x < estimate * d + 4 * d)
-        sheet.model("make_divisor", [d], [s, m, d])
-        sheet.draw = lambda random, s=s: draw_divisor(random, s)
-
-
-def draw_divisor(random: Random, s: int) -> dict[str, int]:
-    d = random.randrange(2**s, 2 ** (s + 1))
-    m = min(2 ** (32 + s) // d, 2**32 - 1)
-    return {"d": d, "m": m, "lacking": 2 ** (32 + s) - m * d, "x": random.randrange(d * 2**32)}
 
 
 # ---- Vectors ----
