@@ -8,7 +8,7 @@ from claims.dropped import exact_fraction, fraction_of, joined
 from claims.numbers import B, number, pair, words_of
 from compiled import Power, Tables
 from sheets import Book, Sheet, proof
-from terms import Term, between, both, choose, either, implies, no, one_if, same, term
+from terms import Term, between, both, choose, either, implies, one_if, same
 
 POWERS = "src/wide/decimal_powers.h"
 SCALING = "src/wide/scaling.h"

@@ -4,8 +4,8 @@ from __future__ import annotations
 
 from random import Random
 
-from sheets import Book, Sheet, proof
-from terms import Term, Values, between, both, choose, concat, constant, extract, implies, no, one_if, same, term, zero_extend
+from sheets import Book, proof
+from terms import Term, Values, both, constant, extract, implies, one_if, same, zero_extend
 
 FILE = "src/numconv/digits.h"
 DIGITS = [(0x30, 9)] * 8

@@ -3,8 +3,8 @@
 from __future__ import annotations
 
 from claims.numbers import B
-from sheets import Book, Sheet, proof
-from terms import Operand, Term, between, both, choose, either, implies, no, one_if, same, term, to_real
+from sheets import Book, proof
+from terms import Operand, Term, between, both, choose, either, implies, one_if, same, term, to_real
 
 FILE = "src/wide/dropped.h"
 HALF = 2**31

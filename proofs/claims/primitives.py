@@ -7,7 +7,7 @@ from random import Random
 from claims.numbers import four_words, multiply_row, number, row_product
 from compiled import Divisor, Tables
 from sheets import Book, proof
-from terms import Term, between, both, choose, every, one_if
+from terms import Term, between, both, choose, one_if
 
 FILE = "src/wide/primitives.h"
 

@@ -3,7 +3,6 @@
 from __future__ import annotations
 
 from claims.dropped import exact_fraction
-from claims.numbers import B, pair
 from sheets import Book, Sheet, proof
 from terms import Term, between, both, choose, either, implies, no, one_if, same, term, to_real
 
