@@ -295,5 +295,3 @@ def proof(name: str, where: str, claim: str, fault: str) -> Callable[[Builder], 
         return build
 
     return add
-
-
