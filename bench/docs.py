@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Renews the measured parts of docs/performance.md: what stands between a pair of markers comes from a run."""
+"""Renews the measured parts of the README and docs/performance.md: what stands between markers comes from a run."""
 from __future__ import annotations
 
 import dataclasses
@@ -32,6 +32,36 @@ def _portable(run: Run) -> str:
     return "\n".join(lines)
 
 
+# What the README shows: the title of a row as a host would say it, and the names of the row and of its operands.
+EXCERPT = {
+    "add, one scale": ("add, same scale", "small"),
+    "add, two scales": ("rescaling add, scales 2, 4 into 2", "small"),
+    "multiply": ("rescaling multiply, scales 2, 4 into 2", "small"),
+    "multiply, 28 by 28 digits": ("rescaling multiply, scales 18, 18 into 18", "28 x 28 digits"),
+    "divide": ("rescaling divide, scales 2, 4 into 6", "small"),
+    "round to 2 places": ("round scale 6 to 2 places", "small"),
+    "to text, 18 digits": ("to text", "18 digits"),
+    "from text, 18 digits": ("from text", "18 digits"),
+    "from double": ("from double, scale 2", "small"),
+}
+
+BY_HAND = "by hand, __int128"
+
+
+def _excerpt(run: Run) -> str:
+    """Ours, code written by hand for that one job, and the fastest package, partial ones included."""
+    lines = ["| nanoseconds a call | qv8numeric | by hand | fastest package |", "| --- | ---: | ---: | ---: |"]
+    rows = {(row.name, row.operands): row for row in run.group("table")}
+    for title, key in EXCERPT.items():
+        row = rows[key]
+        packages = [times for times in row.contenders[1:] if times.name not in (BY_HAND, PORTABLE)]
+        fastest = min(packages, key=lambda times: times.throughput)
+        lines.append(f"| {title} | {row.ours.throughput:.1f} | {row.find(BY_HAND).throughput:.1f} "
+                     f"| {fastest.throughput:.1f} ({report.SHORT.get(fastest.name, fastest.name)}"
+                     f"{'' if fastest.whole_job else ', in part'}) |")
+    return f"{_processor()}, one core:\n\n" + "\n".join(lines)
+
+
 def _without_portable(run: Run) -> Run:
     """The comparison with peers has no column for it."""
     def kept(row: Row) -> Row:
@@ -40,18 +70,7 @@ def _without_portable(run: Run) -> Run:
     return dataclasses.replace(run, rows=[kept(row) for row in run.rows])
 
 
-def write(run: Run, folder: pathlib.Path) -> None:
-    """The page and the plots that it shows."""
-    peers = _without_portable(run)
-    parts = {
-        "machine": _machine(run),
-        "standing": report.standing(peers.group("table")),
-        "throughput": report.markdown(peers, peers.group("table"), "throughput"),
-        "latency": report.markdown(peers, peers.group("table"), "latency"),
-        "cliffs": report.markdown(peers, peers.group("cliffs"), "throughput"),
-        "portable": _portable(run),
-    }
-    page = folder / "performance.md"
+def _fill(page: pathlib.Path, parts: dict[str, str]) -> None:
     text = page.read_text(encoding="utf-8")
     for name, content in parts.items():
         pattern = rf"(<!-- measured: {name} -->\n).*?(<!-- end -->\n)"
@@ -60,4 +79,18 @@ def write(run: Run, folder: pathlib.Path) -> None:
         if count != 1:
             raise SystemExit(f"{page}: {count} places for {name}")
     page.write_text(text, encoding="utf-8")
-    plot.write_all(run, folder)
+
+
+def write(run: Run, root: pathlib.Path) -> None:
+    """The pages and the plots that they show."""
+    peers = _without_portable(run)
+    _fill(root / "docs" / "performance.md", {
+        "machine": _machine(run),
+        "standing": report.standing(peers.group("table")),
+        "throughput": report.markdown(peers, peers.group("table"), "throughput"),
+        "latency": report.markdown(peers, peers.group("table"), "latency"),
+        "cliffs": report.markdown(peers, peers.group("cliffs"), "throughput"),
+        "portable": _portable(run),
+    })
+    _fill(root / "README.md", {"excerpt": _excerpt(run)})
+    plot.write_all(run, root / "docs")

@@ -66,7 +66,7 @@ def parse_arguments() -> argparse.Namespace:
     parser.add_argument("--compare", metavar="REV", help="the library at REV and that of the work tree, nobody else")
     parser.add_argument("--worst", action="store_true", help="the dearest calls of every function, beside the usual ones")
     parser.add_argument("--write-docs", action="store_true",
-                        help="measure, and renew docs/performance.md, or with --worst docs/bounds.md")
+                        help="measure, and renew docs/performance.md and the README, or with --worst docs/bounds.md")
     return parser.parse_args()
 
 
@@ -92,7 +92,7 @@ def main() -> None:
         plot.write_all(run, RESULTS)
         print(f"\nTimes and plots are in {RESULTS.relative_to(ROOT)}.")
         if arguments.write_docs:
-            docs.write(run, ROOT / "docs")
+            docs.write(run, ROOT)
 
 
 main()
