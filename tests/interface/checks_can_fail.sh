@@ -146,6 +146,6 @@ expect '1 allocations in the library' ./bad
 
 mkdir host
 printf 'add_custom_target(stray)\n' > host/CMakeLists.txt
-expect 'targets: stray' cmake -S "$HERE/subproject" -B build -DQV8NUMERIC_SOURCE_DIR="$folder/host"
+expect 'targets: stray' cmake -S "$SOURCE/tests/install/subproject" -B build -DQV8NUMERIC_SOURCE_DIR="$folder/host"
 
 exit "$failures"

@@ -1,5 +1,5 @@
 /* SPDX-License-Identifier: MIT */
-/* 2 + 3 = 5, by the library of the larger project. */
+/* 2 + 3 = 5, by the library as a program of its users finds it. */
 #include <qv8numeric.h>
 
 int main(void) {
