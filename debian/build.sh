@@ -5,6 +5,7 @@
 #
 # usage: build.sh FOLDER
 set -eu
+umask 022
 source=$(cd "$(dirname "$0")/.." && pwd)
 rm -rf "$1"
 mkdir -p "$1"
@@ -22,14 +23,14 @@ sources() {
     if [ -n "$(git ls-files 2>/dev/null)" ]; then
         git ls-files -z
     else
-        find . -type f ! -path './build*/*' ! -path '*/__pycache__/*' -printf '%P\0'
+        find . ! -type d ! -path './build*/*' ! -path '*/__pycache__/*' -printf '%P\0'
     fi
 }
 
 # pack FILE_OF_NAMES ARCHIVE: an archive that does not tell who made it when.
 pack() {
     tar --create --file="$2" --sort=name --mtime="@$SOURCE_DATE_EPOCH" --mode=u=rwX,go=rX \
-        --owner=0 --group=0 --numeric-owner --transform="s,^,$name/," --no-recursion --null --files-from="$1"
+        --owner=0 --group=0 --numeric-owner --transform="s,^,$name/,S" --no-recursion --null --files-from="$1"
 }
 
 sources > "$folder/sources"

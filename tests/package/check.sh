@@ -34,9 +34,7 @@ libraries=$root/usr/lib/$architecture
 python3 "$tests/interface/linkage.py" "$libraries/libqv8numeric.so.1"
 python3 "$tests/interface/exports.py" "$libraries/libqv8numeric.so.1" "$tests/../src/qv8numeric.map" \
     "$tests/interface/exported_names.txt"
-# Not all of what -D_FORTIFY_SOURCE and -fstack-protector-strong leave behind, but none of it without them.
-nm --dynamic "$libraries/libqv8numeric.so.1" | grep -q '__stack_chk_fail\|__[a-z]*printf_chk'
-echo 'linkage, exports and hardening are right'
+echo 'linkage and exports are right'
 
 say 'the CMake package'
 cmake -S "$tests/install/package" -B "$folder/package" -DCMAKE_PREFIX_PATH="$root/usr" \
@@ -49,7 +47,7 @@ say 'the example, with only the packages present'
     status=$?
 case $status in
     0)
-        tail -n 1 "$folder/fresh_system.log"
+        grep 'the same from both libraries' "$folder/fresh_system.log"
         echo 'built and run in a fresh system'
         ;;
     3)

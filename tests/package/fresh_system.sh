@@ -9,25 +9,29 @@
 # made here, for want of mmdebstrap, a mirror or the permission.
 set -eu
 packages=$1 script=$2
-notes=$(mktemp -d)
-trap 'rm -rf "$notes"' EXIT
-
 if ! command -v mmdebstrap >/dev/null; then
     echo 'mmdebstrap is missing'
     exit 3
 fi
+# shellcheck source=/dev/null
 release=$(. /etc/os-release && echo "$VERSION_CODENAME")
 
-# The hooks run outside of the new system, whose root they are given. They note how far it came.
+notes=$(mktemp -d)
+trap 'rm -rf "$notes"' EXIT
+
+# The hook runs outside of the new system, whose root it is given, but not always as a user who may look into the
+# folders of the caller. It notes how far it came.
+cp "$packages"/libqv8numeric*.deb "$script" "$notes"
 cat > "$notes/hook" <<END
 #!/bin/sh
 set -eu
 touch '$notes/made'
-cp '$packages'/libqv8numeric*.deb '$script' "\$1/tmp"
+cp '$notes'/*.deb '$notes/$(basename "$script")' "\$1/tmp"
 chroot "\$1" sh -c 'dpkg --install /tmp/*.deb && /tmp/$(basename "$script")'
 touch '$notes/done'
 END
-chmod +x "$notes/hook"
+chmod -R a+rwX,u+x "$notes"
+chmod a+x "$notes/hook"
 
 # --dpkgopt: there is nothing to lose that would have to be on the disk.
 mmdebstrap --variant=essential --include=gcc,libc6-dev,pkgconf --dpkgopt=force-unsafe-io \
