@@ -9,15 +9,17 @@ from installing import HERE, HOST, Tools, expect_linked, fresh, refused, run
 
 def find_package(tools: Tools, prefix: pathlib.Path, folder: pathlib.Path, request: str, *options: str) -> List[str]:
     """The command that configures the CMake host in a folder, with a request such as "1 COMPONENTS static"."""
-    return tools.cmake_configure(HERE / 'package', fresh(folder), f'-DCMAKE_PREFIX_PATH={prefix}', f'-DREQUEST={request}',
-                                 '-DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF', '-DCMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF', *options)
+    return tools.cmake_configure(
+        HERE / 'package', fresh(folder), f'-DCMAKE_PREFIX_PATH={prefix}', f'-DREQUEST={request}',
+        '-DCMAKE_FIND_USE_PACKAGE_REGISTRY=OFF', '-DCMAKE_FIND_USE_CMAKE_SYSTEM_PATH=OFF', *options)
 
 
 def package_refused(tools: Tools, prefix: pathlib.Path, folder: pathlib.Path, request: str, reason: str) -> None:
     refused(find_package(tools, prefix, folder, request, '-DLANGUAGES=NONE'), reason)
 
 
-def use_package(tools: Tools, prefix: pathlib.Path, folder: pathlib.Path, request: str, libraries: Dict[str, str]) -> None:
+def use_package(tools: Tools, prefix: pathlib.Path, folder: pathlib.Path, request: str,
+                libraries: Dict[str, str]) -> None:
     """Which library each imported target is; a host of each is built and run."""
     run(find_package(tools, prefix, folder, request, f'-DTARGETS={";".join(libraries)}'))
     run([tools.cmake, '--build', str(folder)])
