@@ -24,7 +24,7 @@ quietly() {
 }
 
 cmake --preset demo >/dev/null
-find . -path ./build -prune -o -name '*.sh' -exec shellcheck dev .ci/run {} +
+find . -path ./build -prune -o -name '*.sh' -exec shellcheck dev .ci/run debian/tests/example {} +
 cppcheck --quiet --enable=warning,performance,portability --error-exitcode=1 -I include -I src -I tests \
     -I tests/short_roads src examples tests/interface tests/threads tests/memory tests/bounds abi
 
