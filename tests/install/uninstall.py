@@ -12,7 +12,7 @@ from installing import Tools, content, expect_equal, fail, fresh, lay_out, parse
 def main(tools: Tools, build: pathlib.Path, folder: pathlib.Path) -> None:
     command = [tools.cmake, '--build', str(build), '--target', 'uninstall']
     run(command)  # of what earlier tests have installed from there
-    prefix = fresh(folder) / 'a prefix'
+    prefix = fresh(folder) / 'a [new] prefix'
     lay_out(tools, build, prefix)
     run(command)
     expect_equal('left of a prefix of its own', content(folder), set())
@@ -31,11 +31,11 @@ def main(tools: Tools, build: pathlib.Path, folder: pathlib.Path) -> None:
     if 'Gone already' not in said:
         fail(f'no word of the file that was gone already:\n{said}')
     expect_equal('left in a prefix of many', content(folder),
-                 before | {'a prefix/lib', 'a prefix/lib/pkgconfig', 'a prefix/lib/pkgconfig/other.pc'})
+                 before | {'a [new] prefix/lib', 'a [new] prefix/lib/pkgconfig', 'a [new] prefix/lib/pkgconfig/other.pc'})
 
     staged = folder / 'staged'
-    run([tools.cmake, '--install', str(build), '--prefix', '/opt/anywhere'], DESTDIR=str(staged))
-    run(command, DESTDIR=str(staged))
+    run([tools.cmake, '--install', str(build), '--prefix', '/opt/anywhere'], DESTDIR=f'{staged}/')
+    run(command, DESTDIR=f'{staged}/')
     if staged.exists():
         fail(f'left in a staged installation: {sorted(content(staged))}')
 
