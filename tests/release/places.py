@@ -30,7 +30,7 @@ PLACES = (
     Place('CHANGELOG.md', r'\A(?:(?!## \[\d).*\n)*## \[(\d.*?)\]', ALL, optional=True),  # the newest with a number
     Place('bindings/python/src/qv8numeric/version.py', r'^__version__ = "(.*)"$', ALL, optional=True),
     Place('docs/man/qv8numeric.7', r'^\.Os "qv8numeric (.*)"$', ALL, optional=True),
-    Place('debian/changelog', r'\Aqv8numeric \((.*)-\d+\)', ALL),
+    Place('debian/changelog', r'\A#.*\nqv8numeric \((.*)-\d+\)', ALL),
     Place('debian/control', r'^Package: libqv8numeric(\d+)$', MAJOR),
     Place('debian/libqv8numeric*.symbols', r'^libqv8numeric\.so\.(\d+) ', MAJOR),
     Place('debian/libqv8numeric*.symbols', r'^libqv8numeric\.so\.\d+ libqv8numeric(\d+) ', MAJOR),
