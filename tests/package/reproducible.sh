@@ -12,7 +12,9 @@ trap 'rm -rf "$folder"' EXIT
 
 (
     umask 077
-    export TZ=Pacific/Auckland LC_ALL=C.UTF-8 DEB_BUILD_OPTIONS="nocheck parallel=$(getconf _NPROCESSORS_ONLN)"
+    export TZ=Pacific/Auckland LC_ALL=C.UTF-8
+    DEB_BUILD_OPTIONS="nocheck parallel=$(getconf _NPROCESSORS_ONLN)"
+    export DEB_BUILD_OPTIONS
     "$here/../../debian/build.sh" "$folder/another" >/dev/null
 )
 status=0
