@@ -29,11 +29,11 @@ sources() {
 
 # pack FILE_OF_NAMES ARCHIVE: an archive that does not tell who made it when.
 pack() {
-    tar --create --file="$2" --sort=name --mtime="@$SOURCE_DATE_EPOCH" --mode=u=rwX,go=rX \
+    tar --create --file="$2" --mtime="@$SOURCE_DATE_EPOCH" --mode=u=rwX,go=rX \
         --owner=0 --group=0 --numeric-owner --transform="s,^,$name/,S" --no-recursion --null --files-from="$1"
 }
 
-sources > "$folder/sources"
+sources | LC_ALL=C sort --zero-terminated > "$folder/sources"
 grep --null-data --invert-match '^debian/' "$folder/sources" > "$folder/upstream"
 pack "$folder/sources" "$folder/sources.tar"
 pack "$folder/upstream" "${orig%.gz}"
