@@ -6,8 +6,6 @@ if(NOT CMAKE_EXECUTABLE_FORMAT STREQUAL "ELF")
     return()
 endif()
 
-include(GNUInstallDirs)
-
 set(folder_of_library ${CMAKE_INSTALL_LIBDIR})
 if(NOT IS_ABSOLUTE "${folder_of_library}")
     # The prefix of `cmake --install`, which need not be that of the configuration.

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-# What `cmake --install` lays out, in components: `runtime` is the shared library, `development` all that a compiler
-# and a linker need to use either library, `debugger` what gdb loads with it, `documentation` what people read. Everything finds its neighbours
-# by their place beside it, so that the prefix may be moved.
+# What `cmake --install` lays out, in components: `runtime` is the shared library, `debugger` what gdb loads with it,
+# `development` all that a compiler and a linker need to use either library, `documentation` what people read. All but
+# the debugger's finds its neighbours by their place beside it, so that the prefix may be moved.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # The target `uninstall` takes away every file that installing has laid down, and the folders among `installed_folders`,
 # and above them, that were made for these files. CMake notes the files, but not which folders were there before.
-foreach(component runtime development documentation)
+foreach(component runtime debugger development documentation)
     install(CODE "
         set(folders \"${installed_folders}\")
         set(notes \"${PROJECT_BINARY_DIR}/install_folders.txt\")
