@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What number to text leaves in a buffer of any size, and which complaint comes first.
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 
 #include <new>
 
@@ -120,6 +121,27 @@ TEST(FormatBuffer, EndBehindTheLastAddress) {
             }
         }
     }
+}
+
+// As a number the size may be beyond the address: the buffer is no nearer to the last address for that.
+TEST(FormatBuffer, MoreBytesThanItsAddressSays) {
+    constexpr std::size_t kSize = 32 << 20;
+    void* const low = reinterpret_cast<void*>(std::uintptr_t{16} << 20);
+    void* const memory = mmap(low, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    ASSERT_NE(memory, MAP_FAILED);
+    if (memory == low) {
+        char* const buffer = static_cast<char*>(memory);
+        for (const Formatter formatter : kFormatters) {
+            for (const std::int32_t exponent_shift : {0, 1}) {  // without an exponent, and with one
+                const Numeric number = num("-125");
+                const NumericInfo info = {2, kHalfEven};
+                EXPECT_EQ(status_name(formatter(&number, &info, exponent_shift, 2, buffer, kSize)), "NUMERIC_OK");
+                EXPECT_EQ(std::string(buffer), exponent_shift == 0 ? "-1.25" : "-12.5E-1");
+            }
+        }
+    }
+    EXPECT_EQ(munmap(memory, kSize), 0);
+    if (memory != low) GTEST_SKIP() << "no memory at a low address";
 }
 
 // For NaN the size only has to reach four.
