@@ -57,7 +57,7 @@ QV8NUMERIC_ASIDE NumericStatus parse_short(const char* text, const NumericInfo* 
                                            const char* start, uint64_t number) {
     const bool negative = *text == '-';
     const char* const begin = behind_sign(text);
-    Mantissa mantissa{start, {0, number}, static_cast<unsigned>(start - begin)};
+    Mantissa mantissa{start, {0, number}, static_cast<uint64_t>(start - begin)};
     if (mode == format_grouped) take_grouped_integer(mantissa);
     if (mantissa.at == begin) skip_zeros(mantissa);
     take_digits(mantissa);

@@ -50,7 +50,7 @@ QV8NUMERIC_INLINE Front front_of(uint64_t characters, bool may_have_point) {
 struct Mantissa {
     const char* at;                  // the next character
     WordPair digits{0, 0};           // modulo 2^128
-    unsigned count = 0;              // of the digits, zeros that were skipped left out
+    uint64_t count = 0;              // of the digits, zeros that were skipped left out
     const char* fraction = nullptr;  // behind the point, once there is one
 
     int64_t fraction_digits() const { return fraction == nullptr ? 0 : at - fraction; }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "modes.h"
+#include "numconv/short_literal.h"
 #include "parse_state.h"
 #include "parsing.h"
 
@@ -126,6 +127,15 @@ TEST(ShortLiteral, ZerosInFront) {
         for (const char* rest : {"", "1", "123456789", ".5", ".", "12345678901234567890123456789012345678", "1.5e3"}) {
             expect_as_the_lexer_reads(std::string(zeros, '0') + rest);
         }
+    }
+}
+
+// Counted in 32 bits, 2^32 digits and a few would be taken for a few.
+TEST(ShortLiteral, CountsMoreDigitsThanAnUnsignedHolds) {
+    for (const char* digits : {"1", "12345678"}) {
+        Mantissa mantissa{digits, {0, 0}, UINT32_MAX};
+        take_digits(mantissa);
+        EXPECT_EQ(mantissa.count, std::string(digits).size() + UINT32_MAX) << digits;
     }
 }
 
