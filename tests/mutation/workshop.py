@@ -23,8 +23,10 @@ from typing import Dict, List, Optional, Sequence
 from cpp import BOTH, NATIVE, PORTABLE
 from mutants import Mutant
 
-DECISIVE = ('CMakeLists.txt', 'cmake', 'examples', 'include', 'src', 'tests')  # for a verdict
-COPIED = (*DECISIVE, 'LICENSE', 'README.md')
+DECISIVE = ('CMakeLists.txt', 'bindings', 'cmake', 'examples', 'fuzz', 'include', 'src', 'tests')  # for a verdict
+NOT_COPIED = ('.git', 'build')
+# These look at how the library is built, packaged or described, or at what it may cost, and not at its results.
+NOT_ASKED = re.compile(r'(abi|bounds|docs|gdb|install|memory|release|threads)\b')
 TOGETHER = Path(__file__).with_name('together.cmake')
 LIBRARY = re.compile(r'libqv8numeric\.(so|a)\b')
 BUILD_SECONDS = 300
@@ -144,6 +146,8 @@ class Build:
         for entry in json.loads(listed.output)['tests']:
             properties = {item['name']: item['value'] for item in entry['properties']}
             command = entry.get('command', [])  # none for a program that has not been built
+            if NOT_ASKED.match(entry['name']):
+                continue
             if self.programs and Path((command or [''])[0]).name not in self.programs:
                 continue
             names = [os.path.relpath(word, self.folder) for word in command if os.path.isabs(word)]
@@ -222,8 +226,9 @@ class Workshop:
 
     def prepare(self, build: str, jobs: int) -> None:
         if not self.prepared:
-            for name in COPIED:
-                mirror(self.root / name, self.tree / name)
+            for path in self.root.iterdir():
+                if path.name not in NOT_COPIED:
+                    mirror(path, self.tree / path.name)
         if build not in self.prepared:
             self.builds[build].prepare(self.sources, jobs)
             self.prepared.add(build)
