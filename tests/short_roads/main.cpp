@@ -101,7 +101,12 @@ int main(int, char** words) {
     bool apart = true;
     const Plan plan = plan_from(words, apart);
     Progress& progress = shared_progress();
-    const bool ended = apart ? run_apart(plan, progress) : (run(plan, progress), true);
+    bool ended = true;
+    if (apart) {
+        ended = run_apart(plan, progress);
+    } else {
+        run(plan, progress);
+    }
     if (!ended) {
         std::puts("This call ended the process:");
         print_call(plan, progress.calls);
