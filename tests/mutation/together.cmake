@@ -14,3 +14,6 @@ foreach(file numeric/dump numeric/truncated_part numconv/literal_entry numconv/f
     set_source_files_properties(${PROJECT_SOURCE_DIR}/src/${file}.cpp TARGET_DIRECTORY qv8numeric_${unit}
         PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endforeach()
+
+# It holds files of the library itself, beside the rest of it.
+set_target_properties(qv8numeric_compiled PROPERTIES EXCLUDE_FROM_ALL ON)
