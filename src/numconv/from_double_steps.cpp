@@ -80,9 +80,7 @@ Conversion convert(const Binary& value, int64_t scale) {
         shift_and_multiply(conversion, -exponent, scale);
     } else if (scale < 0) {
         divide_and_shift(conversion, exponent, -scale);
-    } else {
-        conversion.overflow = 1;  // at least 2^192 already, and nothing makes it smaller
-    }
+    }  // else it is at least 2^192 as it stands, and nothing makes it smaller
     return conversion;
 }
 
