@@ -20,7 +20,7 @@ from manual import Header
 
 PARTS = ("guide", "oddities", "pictures", "programs")
 # Pages that the site shows where they are there, in this order.
-BEHIND = ("performance", "assurance", "bounded-time", "internals", "contributing", "changelog", "security")
+BEHIND = ("performance", "assurance", "bounds", "internals", "contributing", "changelog", "security")
 PROJECT = {"CHANGELOG.md": "changelog.md", "CONTRIBUTING.md": "contributing.md", "SECURITY.md": "security.md"}
 
 
