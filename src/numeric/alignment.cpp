@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "numeric/alignment.h"
 
+#include <algorithm>
+
 #include "numeric/truncation.h"
 #include "wide/narrowing.h"
 #include "wide/scaling.h"
@@ -29,8 +31,8 @@ Alignment align(const Numeric& a, int32_t a_scale, const Numeric& b, int32_t b_s
         const int64_t guard = guard_digits(a);
         return {a_scale + guard, guard, guard - distance};
     }
-    if (distance < 0) return {a_scale, 0, -distance};
-    return {b_scale, distance, 0};
+    const int64_t scale = std::max(a_scale, b_scale);
+    return {scale, scale - a_scale, scale - b_scale};
 }
 
 void preprocess(const Numeric& a, const long long& a_shift, const Numeric& b, const long long& b_shift,

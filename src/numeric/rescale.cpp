@@ -20,7 +20,7 @@ NumericStatus narrow_moved(const ExtendedNumeric& moved, bool negative, Numeric&
     return NUMERIC_OK;
 }
 
-// The general road: a rounding in place where digits go, then the move in two's complement.
+// The general road: a rounding in place, of digits that go, and then the move in two's complement.
 QV8NUMERIC_ASIDE NumericStatus rescale(const NumericInfo& from, const NumericInfo& to, const Numeric& src,
                                        Numeric& value) {
     value = from_bits(bits_of(src));
@@ -28,7 +28,7 @@ QV8NUMERIC_ASIDE NumericStatus rescale(const NumericInfo& from, const NumericInf
     const int64_t places = int64_t{to.scale} - from.scale;
     // The status is not looked at: a loss is not reported here, and a rounding that left the range goes on as the
     // coefficient -2^127, which the sign check refuses for a positive value and lets through for a negative one.
-    if (places < 0) (void)numeric_truncation_inline(from, to.scale, from.scale, value, to.rounding_mode);
+    (void)numeric_truncation_inline(from, to.scale, from.scale, value, to.rounding_mode);
     Fraction ignored{};  // after the rounding only zeros are left to drop, but for the case just named
     return narrow_moved(moved_by(value, places, ignored), negative, value);
 }

@@ -43,13 +43,13 @@ constexpr unsigned bit_length(WordPair x) {
 
 constexpr WordPair twice(WordPair x) { return {x.high << 1 | x.low >> 63, x.low << 1}; }
 
-// floor(2^exponent / d) modulo 2^128, bit by bit, for d < 2^127.
+// floor(2^exponent / d) modulo 2^128, bit by bit, for 1 < d < 2^127.
 constexpr WordPair power_of_two_by(WordPair d, unsigned exponent) {
     WordPair quotient{0, 0};
     WordPair remainder{0, 1};
-    for (unsigned bit = 0; bit <= exponent; ++bit) {
-        if (bit > 0) remainder = twice(remainder);
+    for (; exponent > 0; --exponent) {
         quotient = twice(quotient);
+        remainder = twice(remainder);
         if (remainder >= d) {
             remainder = wrapping_subtract(remainder, d);
             quotient.low |= 1;
