@@ -135,7 +135,7 @@ TEST(ShortLiteral, CountsMoreDigitsThanAnUnsignedHolds) {
     for (const char* digits : {"1", "12345678"}) {
         Mantissa mantissa{digits, {0, 0}, UINT32_MAX};
         take_digits(mantissa);
-        EXPECT_EQ(mantissa.count, std::string(digits).size() + UINT32_MAX) << digits;
+        EXPECT_EQ(mantissa.count, std::uint64_t{UINT32_MAX} + std::string(digits).size()) << digits;
     }
 }
 

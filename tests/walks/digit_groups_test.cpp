@@ -27,9 +27,9 @@ class Counter {
     explicit Counter(std::size_t digits) : text_(digits, '0') {}
 
     void add(std::uint64_t n) {
-        for (std::size_t i = text_.size(); n > 0 && i-- > 0;) {
-            n += static_cast<std::uint64_t>(text_[i] - '0');
-            text_[i] = static_cast<char>('0' + n % 10);
+        for (std::size_t i = text_.size(); n > 0 && i > 0; --i) {
+            n += static_cast<std::uint64_t>(text_[i - 1] - '0');
+            text_[i - 1] = static_cast<char>('0' + n % 10);
             n /= 10;
         }
     }
