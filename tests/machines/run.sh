@@ -54,7 +54,7 @@ done
 [ $# -gt 0 ] || set -- aarch64 aarch64-portable i686 s390x s390x-portable windows
 for name in "$@"; do packages_of "$name" >/dev/null || usage; done
 if $packages; then
-    echo g++ clang cmake ninja-build python3 libgtest-dev libboost-dev
+    echo g++ clang cmake ninja-build python3 libgtest-dev libboost-dev pkg-config
     for name in "$@"; do packages_of "$name"; done
     exit
 fi
