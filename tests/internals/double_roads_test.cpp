@@ -35,7 +35,10 @@ testing::AssertionResult from_double_agrees(std::uint64_t bits, const NumericInf
                                        << mode_name(info.rounding_mode) << ": " << road << ", in steps " << steps;
 }
 
-constexpr std::uint64_t kFractions[] = {0, 1, 0x8000000000000, 0xaaaaaaaaaaaaa, 0xffffffffffffe, 0xfffffffffffff};
+// The third is that of 5, a fifth of which is a single bit: nothing is left of it where that bit leaves the top.
+constexpr std::uint64_t kFractions[] = {
+    0, 1, 0x4000000000000, 0x8000000000000, 0xaaaaaaaaaaaaa, 0xffffffffffffe, 0xfffffffffffff,
+};
 
 // The exponent field of doubles whose product with 10^scale has about so many bits before its point.
 std::int64_t field_for(int length, int scale) { return 1023 + length - scale * 3322 / 1000; }
