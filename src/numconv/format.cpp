@@ -19,9 +19,9 @@ NumericStatus put_nan(char* buffer, std::size_t buffer_size) {
     return NUMERIC_NAN;
 }
 
-// No byte to write to, or no end that a pointer can reach.
-bool is_no_buffer(const char* buffer, std::size_t buffer_size) {
-    return buffer_size == 0 || buffer_size > UINTPTR_MAX - reinterpret_cast<std::uintptr_t>(buffer);
+// No end that a pointer can reach.
+bool is_endless(const char* buffer, std::size_t buffer_size) {
+    return buffer_size > UINTPTR_MAX - reinterpret_cast<std::uintptr_t>(buffer);
 }
 
 // A value at output_scale. One that leaves the range goes on as the NaN pattern, whose magnitude is 2^127: the text
@@ -59,7 +59,7 @@ template <class Form>
 QV8NUMERIC_ASIDE NumericStatus write_any(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
                                          int32_t output_scale, char* buffer, std::size_t buffer_size) {
     if (is_nan(*value)) return put_nan(buffer, buffer_size);
-    if (is_no_buffer(buffer, buffer_size)) return NUMERIC_BUFFER_TOO_SMALL;
+    if (buffer_size == 0 || is_endless(buffer, buffer_size)) return NUMERIC_BUFFER_TOO_SMALL;
     // From here on the operands are not read any more: the buffer may be where they lie.
     const Scaled scaled = scale(*value, *info, output_scale);
     if (exponent_shift == 0 && output_scale <= largest_placed_fraction && scaled.status != NUMERIC_INVALID_ARGUMENT &&
@@ -81,18 +81,29 @@ NumericStatus numeric_num2str_internal(const Numeric* value, const NumericInfo* 
 
 namespace {
 
-// A value of one word is written with all the digits it has, as most are, or else on the road above.
+// A value of one word with all the digits it has, as most are.
+bool is_usual(const Numeric& value, const NumericInfo& info, int32_t exponent_shift, int32_t output_scale) {
+    return fits_int64(value) && exponent_shift == 0 && output_scale == info.scale &&
+           is_rounding_mode(info.rounding_mode) && 0 <= output_scale && output_scale <= largest_placed_word_fraction;
+}
+
+template <class Form>
+QV8NUMERIC_ASIDE NumericStatus write_word(const Numeric* value, const NumericInfo* info, int32_t exponent_shift,
+                                          int32_t output_scale, char* buffer, std::size_t buffer_size) {
+    if (is_endless(buffer, buffer_size) || !place_text<Form>(magnitude_as<uint64_t>(*value), is_negative(*value),
+                                                             output_scale, buffer, buffer_size)) [[unlikely]] {
+        return write_any<Form>(value, info, exponent_shift, output_scale, buffer, buffer_size);
+    }
+    return NUMERIC_OK;
+}
+
 template <class Form>
 inline NumericStatus write(const Numeric* value, const NumericInfo* info, int32_t exponent_shift, int32_t output_scale,
                            char* buffer, std::size_t buffer_size) {
-    if (!fits_int64(*value) || exponent_shift != 0 || output_scale != info->scale ||
-        !is_rounding_mode(info->rounding_mode) || output_scale < 0 || output_scale > largest_placed_word_fraction ||
-        is_no_buffer(buffer, buffer_size) ||
-        !place_text<Form>(magnitude_as<uint64_t>(*value), is_negative(*value), output_scale, buffer, buffer_size))
-        [[unlikely]] {
-        return numeric_num2str_internal(value, info, exponent_shift, output_scale, buffer, buffer_size, Form::mode);
+    if (!is_usual(*value, *info, exponent_shift, output_scale)) [[unlikely]] {
+        return write_any<Form>(value, info, exponent_shift, output_scale, buffer, buffer_size);
     }
-    return NUMERIC_OK;
+    return write_word<Form>(value, info, exponent_shift, output_scale, buffer, buffer_size);
 }
 
 }  // namespace

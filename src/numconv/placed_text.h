@@ -68,56 +68,65 @@ inline void store_eight(char* to, uint64_t characters) {
 #endif
 }
 
-// ---- A run of characters, put eight at a time from the last one to the first ----
+// ---- A run of characters, put eight at a time from the first one to the last ----
 
-class Eights {
+class Run {
   public:
-    Eights(char* begin, unsigned size) : begin_(begin), left_(size) {}
+    Run(char* begin, unsigned size) : begin_(begin), size_(size) {}
 
-    bool are_more() const { return left_ > 8; }
+    bool exceeds_eight() const { return size_ > 8; }
+    Run without_last_eight() const { return {begin_, size_ - 8}; }
 
-    void put(uint64_t characters) {
-        left_ -= 8;
-        store_eight(begin_ + left_, characters);
-        latest_ = characters;
-    }
+    void put_last(uint64_t characters) const { store_eight(begin_ + size_ - 8, characters); }
 
-    // Of the first eight, as many as are left. Eight bytes are written all the same: the others are what stands there
-    // already or, behind a run of fewer than eight characters, NULs.
-    void put_first(uint64_t characters) {
-        store_eight(begin_, characters << 8 * (8 - left_) | latest_ >> 1 >> (8 * left_ - 1));
-    }
+    // Of a run of up to eight characters the last ones of these. Eight bytes are written all the same, NULs behind the
+    // run: whatever follows it is put later.
+    void put_first(uint64_t characters) const { store_eight(begin_, characters << 8 * (8 - size_)); }
 
   private:
     char* begin_;
-    unsigned left_;
-    uint64_t latest_ = 0;
+    unsigned size_;
 };
 
 // ---- The digits of a number as a run: zeros in front of them where the run is longer ----
 
+// For the 20 digits of any word.
 template <class Form>
-QV8NUMERIC_INLINE void put_digits(Eights run, uint64_t x) {
+inline constexpr unsigned most_eights = (word_digits + Form::per_eight) / Form::per_eight;
+
+// Of up to `most` eights.
+template <class Form, unsigned most = most_eights<Form>>
+QV8NUMERIC_INLINE void put_digits(Run run, uint64_t x) {
     constexpr uint64_t limit = ten_to_the(Form::per_eight);
-    for (; run.are_more(); x /= limit) run.put(eight_of<Form>(x % limit));
+    if constexpr (most > 1) {
+        if (run.exceeds_eight()) {
+            const uint64_t last = eight_of<Form>(x % limit);
+            put_digits<Form, most - 1>(run.without_last_eight(), x / limit);
+            return run.put_last(last);
+        }
+    }
     run.put_first(eight_of<Form>(x));
 }
 
-// Those of upper, at least one, and then `digits` of lower. An eight in which those of lower end is filled from upper.
+// Those of upper, at least one, and then `digits` of lower. The eight in which those begin is filled from upper.
 template <class Form, unsigned digits>
-QV8NUMERIC_INLINE void put_digits(Eights run, uint64_t upper, uint64_t lower) {
-    constexpr uint64_t limit = ten_to_the(Form::per_eight);
-    constexpr unsigned rest = digits % Form::per_eight;
-    constexpr uint64_t filled_up = ten_to_the(Form::per_eight - rest);
-    for (unsigned i = 0; i < digits / Form::per_eight; ++i, lower /= limit) run.put(eight_of<Form>(lower % limit));
-    const uint64_t shared = eight_of<Form>(upper % filled_up * ten_to_the(rest) + lower);
-    if (!run.are_more()) return run.put_first(shared);
-    run.put(shared);
-    put_digits<Form>(run, upper / filled_up);
+QV8NUMERIC_INLINE void put_digits(Run run, uint64_t upper, uint64_t lower) {
+    if constexpr (digits >= Form::per_eight) {
+        constexpr uint64_t limit = ten_to_the(Form::per_eight);
+        const uint64_t last = eight_of<Form>(lower % limit);
+        put_digits<Form, digits - Form::per_eight>(run.without_last_eight(), upper, lower / limit);
+        run.put_last(last);
+    } else {
+        constexpr uint64_t filled_up = ten_to_the(Form::per_eight - digits);
+        const uint64_t shared = eight_of<Form>(upper % filled_up * ten_to_the(digits) + lower);
+        if (!run.exceeds_eight()) return run.put_first(shared);
+        put_digits<Form>(run.without_last_eight(), upper / filled_up);
+        run.put_last(shared);
+    }
 }
 
 template <class Form>
-QV8NUMERIC_INLINE void put_digits(Eights run, WordPair x) {
+QV8NUMERIC_INLINE void put_digits(Run run, WordPair x) {
     if (x.high == 0) return put_digits<Form>(run, x.low);
     const DecimalSplit<uint64_t> words = split_into_words(x);
     put_digits<Form, word_digits>(run, words.upper, words.lower);
@@ -127,19 +136,21 @@ QV8NUMERIC_INLINE void put_digits(Eights run, WordPair x) {
 
 inline constexpr unsigned beside_point = 7;
 
-QV8NUMERIC_INLINE void put_with_point(Eights run, uint64_t x, unsigned fraction) {
+QV8NUMERIC_INLINE void put_with_point(Run run, uint64_t x, unsigned fraction) {
     constexpr uint64_t limit = ten_to_the(beside_point);
-    if (!run.are_more()) return run.put_first(eight_with_point(x, fraction));
-    run.put(eight_with_point(x % limit, fraction));
-    put_digits<PlainDigits>(run, x / limit);
+    if (!run.exceeds_eight()) return run.put_first(eight_with_point(x, fraction));
+    const uint64_t last = eight_with_point(x % limit, fraction);
+    put_digits<PlainDigits>(run.without_last_eight(), x / limit);
+    run.put_last(last);
 }
 
-QV8NUMERIC_INLINE void put_with_point(Eights run, WordPair x, unsigned fraction) {
+QV8NUMERIC_INLINE void put_with_point(Run run, WordPair x, unsigned fraction) {
     constexpr uint64_t limit = ten_to_the(beside_point);
     if (x.high == 0) return put_with_point(run, x.low, fraction);
     const DecimalSplit<uint64_t> words = split_into_words(x);
-    run.put(eight_with_point(words.lower % limit, fraction));
-    put_digits<PlainDigits, word_digits - beside_point>(run, words.upper, words.lower / limit);
+    const uint64_t last = eight_with_point(words.lower % limit, fraction);
+    put_digits<PlainDigits, word_digits - beside_point>(run.without_last_eight(), words.upper, words.lower / limit);
+    run.put_last(last);
 }
 
 // ---- The text: a sign, the integer, and a point and the fraction where there is one ----
@@ -162,25 +173,45 @@ constexpr Layout layout_of(Magnitude magnitude, bool negative, unsigned fraction
     return {negative, integer + (is_grouped<Form>() ? (integer - 1) / 3 : 0), fraction};
 }
 
-// Nothing is written behind the fraction, which may be the end of the buffer.
-template <class Magnitude>
-QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, Magnitude x) {
-    if (digits >= 8) return put_digits<PlainDigits>(Eights(at, digits), x);
-    const uint64_t characters = eight_of<PlainDigits>(lowest_word(x));
+QV8NUMERIC_INLINE void put_few_digits(char* at, unsigned digits, uint64_t x) {
+    const uint64_t characters = eight_of<PlainDigits>(x);
     while (digits > 0) *at++ = static_cast<char>(characters >> 8 * --digits & 0xff);
+}
+
+// Nothing is written behind a fraction, which may be the end of the buffer.
+QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, uint64_t x) {
+    if (digits < 8) return put_few_digits(at, digits, x);
+    put_digits<PlainDigits>(Run(at, digits), x);
+}
+
+QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, WordPair x) {
+    if (digits <= word_digits) return put_fraction(at, digits, x.low);
+    const DecimalSplit<uint64_t> words = split_into_words(x);
+    put_digits<PlainDigits, word_digits>(Run(at, digits), words.upper, words.lower);
+}
+
+template <class Form, class Magnitude>
+QV8NUMERIC_INLINE void put_split(char* begin, unsigned integer, unsigned fraction, Magnitude magnitude) {
+    const DecimalSplit<Magnitude> split = split_at(fraction, magnitude);
+    put_digits<Form>(Run(begin, integer), split.upper);
+    begin[integer] = '.';
+    put_fraction(begin + integer + 1, fraction, split.lower);
+}
+
+// Of one word, more digits than beside_point.
+QV8NUMERIC_ASIDE inline void put_split_aside(char* begin, unsigned integer, unsigned fraction, uint64_t magnitude) {
+    put_split<PlainDigits>(begin, integer, fraction, magnitude);
 }
 
 template <class Form, class Magnitude>
 QV8NUMERIC_INLINE void put_behind_sign(char* begin, const Layout& layout, Magnitude magnitude) {
-    if (layout.fraction == 0) return put_digits<Form>(Eights(begin, layout.integer), magnitude);
-    if (!is_grouped<Form>() && layout.fraction <= beside_point) {
-        return put_with_point(Eights(begin, layout.behind_sign()), magnitude, layout.fraction);
+    const auto [negative, integer, fraction] = layout;
+    if (fraction == 0) return put_digits<Form>(Run(begin, integer), magnitude);
+    if constexpr (!is_grouped<Form>()) {
+        if (fraction <= beside_point) return put_with_point(Run(begin, layout.behind_sign()), magnitude, fraction);
+        if constexpr (std::is_same_v<Magnitude, uint64_t>) return put_split_aside(begin, integer, fraction, magnitude);
     }
-    const DecimalSplit<Magnitude> split = split_at(layout.fraction, magnitude);
-    char* const point = begin + layout.integer;
-    put_digits<Form>(Eights(begin, layout.integer), split.upper);
-    *point = '.';
-    put_fraction(point + 1, layout.fraction, split.lower);
+    put_split<Form>(begin, integer, fraction, magnitude);
 }
 
 // False, with nothing written, where there is no room. Behind the NUL of a shorter text up to eight bytes are NULs

@@ -17,7 +17,7 @@ static_assert(whole_log10_of_power_of_two(128) == pair_digits);
 // Without leading zeros, so none for 0. With b bits, 2^(b-1) <= x < 2^b, and 10^t <= 2^b < 10^(t+1), x has t or t + 1
 // digits: 10^(t-1) <= 2^b / 10 < x.
 constexpr unsigned count_digits(uint64_t x) {
-    const unsigned fewest = whole_log10_of_power_of_two(static_cast<unsigned>(std::bit_width(x)));
+    const unsigned fewest = whole_log10_of_power_of_two(static_cast<unsigned>(std::bit_width(x | 1)));
     return fewest + one_if(x >= decimal_power[fewest].power.low);
 }
 
@@ -26,9 +26,6 @@ constexpr unsigned count_digits(WordPair x) {
     const unsigned fewest = whole_log10_of_power_of_two(64 + static_cast<unsigned>(std::bit_width(x.high)));
     return fewest + one_if(x >= decimal_power[fewest].power);
 }
-
-constexpr uint64_t lowest_word(uint64_t x) { return x; }
-constexpr uint64_t lowest_word(WordPair x) { return x.low; }
 
 // x = upper * 10^digits + lower.
 template <class Magnitude>
@@ -46,7 +43,9 @@ constexpr DecimalSplit<uint64_t> split_at(unsigned digits, uint64_t x) {
 // For x up to 2^127 and 1 .. 38 digits.
 constexpr DecimalSplit<WordPair> split_at(unsigned digits, WordPair x) {
     const WordPair upper = divide_by_power(x, digits);
-    return {upper, wrapping_subtract(x, wrapping_multiply(upper, decimal_power[digits].power))};
+    const WordPair power = decimal_power[digits].power;
+    if (digits <= word_digits) return {upper, {0, wrapping_subtract(x.low, wrapping_multiply(upper.low, power.low))}};
+    return {upper, wrapping_subtract(x, wrapping_multiply(power, upper.low))};
 }
 
 // For x up to 2^127 and 19 digits, which leaves a word on either side: 2^127 / 10^19 < 2^64.
