@@ -14,12 +14,31 @@ QV8NUMERIC_ASIDE int32_t compare_far(const Numeric& a, int32_t a_scale, const Nu
     return operands.b_truncated - operands.a_truncated;
 }
 
-// The order of value * 10^digits and other, for up to 38 digits. Whatever leaves the range is beyond any other
+// In two's complement.
+struct ThreeWords {
+    uint64_t high;
+    WordPair low;
+};
+
+// value * 10^digits - other, for up to 19 digits: below 2^127 * (10^19 + 1) < 2^191.
+constexpr ThreeWords difference(const Numeric& value, uint64_t digits, const Numeric& other) {
+    const uint64_t power = decimal_power[digits].power.low;
+    const ExtendedNumeric product = multiply(bits_of(value), power);
+    const uint64_t excess = is_negative(value) ? power : 0;  // the bits of a negative value are 2^128 above it
+    const uint64_t borrow = one_if(low_half(product) < bits_of(other));
+    const uint64_t high = wrapping_subtract(wrapping_subtract(product.word[2], excess), borrow);
+    return {wrapping_add(high, one_if(is_negative(other))), wrapping_subtract(low_half(product), bits_of(other))};
+}
+
+// The sign of -x. Without a branch: the order of two values is as good as random.
+constexpr int32_t opposite_sign(const ThreeWords& x) {
+    const auto nonzero = static_cast<int32_t>((x.high | x.low.high | x.low.low) != 0);
+    return 2 * static_cast<int32_t>(x.high >> 63) - nonzero;
+}
+
+// The order of value * 10^digits and other, for 20 to 38 digits. Whatever leaves the range is beyond any other
 // coefficient, so nothing has to be wider than one.
-int32_t compare_moved(const Numeric& value, uint64_t digits, const Numeric& other) {
-    if (fits_int64(value) && digits <= word_digits) {  // below 2^63 * 10^19 < 2^127
-        return compare_same_scale(from_bits(moved_up<WordPair>(value, digits)), other);
-    }
+int32_t compare_moved_beyond_word(const Numeric& value, uint64_t digits, const Numeric& other) {
     const bool negative = is_negative(value);
     WordPair magnitude = magnitude_of(value);
     unsigned overflow = 0;
@@ -29,6 +48,13 @@ int32_t compare_moved(const Numeric& value, uint64_t digits, const Numeric& othe
     const int32_t beyond = negative ? 1 : -1;
     const int32_t within = compare_same_scale(with_sign(magnitude, negative), other);
     return (beyond & is_beyond) | (within & ~is_beyond);
+}
+
+// The same for up to 38 digits.
+int32_t compare_moved(const Numeric& value, uint64_t digits, const Numeric& other) {
+    if (digits > word_digits) return compare_moved_beyond_word(value, digits, other);
+    if (!fits_int64(value)) return opposite_sign(difference(value, digits, other));
+    return compare_same_scale(from_bits(moved_up<WordPair>(value, digits)), other);  // below 2^63 * 10^19 < 2^127
 }
 
 }  // namespace
