@@ -8,8 +8,6 @@
 namespace qv8numeric {
 namespace {
 
-constexpr Numeric sign_extend(int64_t value) { return {static_cast<uint64_t>(value), value < 0 ? -1 : 0}; }
-
 // ---- Into a Numeric ----
 
 // Down, or up by more than 19 places.

@@ -54,7 +54,8 @@ constexpr Quotient divide(WordPair x, unsigned places) {
 }
 
 // The double for quotient.bits * 2^(length - 127). It is neither subnormal nor infinite.
-NumericStatus round_to_double(const Quotient& quotient, int64_t length, bool negative, uint32_t mode, double& out) {
+QV8NUMERIC_INLINE NumericStatus round_to_double(const Quotient& quotient, int64_t length, bool negative, uint32_t mode,
+                                                double& out) {
     const auto& [bits, exact] = quotient;
     const auto top = static_cast<unsigned>(bits.high >> 62);
     uint64_t significand = bits.high >> (9 + top);
@@ -78,7 +79,8 @@ NumericStatus round_to_double(const Quotient& quotient, int64_t length, bool neg
 // across the point for 0 < r < 2^(n-97) only: not up to n = 97; and the magnitudes with more bits to go than that are
 // so few that none leaves so small an r, which a test shows.
 template <class Magnitude>
-NumericStatus round_quotient(Magnitude magnitude, unsigned places, bool negative, uint32_t mode, double& out) {
+QV8NUMERIC_INLINE NumericStatus round_quotient(Magnitude magnitude, unsigned places, bool negative, uint32_t mode,
+                                               double& out) {
     const auto [x, length] = leading(magnitude);
     return round_to_double(divide(x, places), int64_t{length} - decimal_power[places].shift, negative, mode, out);
 }
@@ -123,13 +125,7 @@ NumericStatus put_tiny(bool negative, uint32_t mode, double& out) {
 // of 40 binary places reach 2^1032 from 2^-128.
 constexpr int64_t scale_of_huge_results = -348;
 
-// For magnitudes of two words at the scales 0 .. 38.
-QV8NUMERIC_ASIDE NumericStatus pair_to_double(const Numeric& value, const NumericInfo& info, double& out) {
-    const auto places = static_cast<unsigned>(info.scale);
-    return round_quotient(magnitude_of(value), places, is_negative(value), info.rounding_mode, out);
-}
-
-// At all other scales.
+// At the scales beyond 0 .. 38.
 QV8NUMERIC_ASIDE NumericStatus far_to_double(const Numeric& value, const NumericInfo& info, double& out) {
     const bool negative = is_negative(value);
     if (info.scale >= scale_of_tiny_results) return put_tiny(negative, info.rounding_mode, out);
@@ -141,25 +137,35 @@ QV8NUMERIC_ASIDE NumericStatus far_to_double(const Numeric& value, const Numeric
     return round_quotient(magnitude, 0, negative, info.rounding_mode, out);
 }
 
+QV8NUMERIC_ASIDE NumericStatus any_to_double(const Numeric& value, const NumericInfo& info, double& out) {
+    if (is_zero(value)) {
+        store(0, out);
+        return NUMERIC_OK;
+    }
+    if (is_nan(value)) {
+        store(nan_bits, out);
+        return NUMERIC_NAN;
+    }
+    const auto places = static_cast<uint32_t>(info.scale);
+    if (places > pair_digits) return far_to_double(value, info, out);
+    return round_quotient(magnitude_of(value), places, is_negative(value), info.rounding_mode, out);
+}
+
+// For values that fit an int64 at the scales 0 .. 38.
+QV8NUMERIC_ASIDE NumericStatus word_to_double(const Numeric& value, const NumericInfo& info, double& out) {
+    const auto magnitude = magnitude_as<uint64_t>(value);
+    if (magnitude << 1 == 0) return any_to_double(value, info, out);  // 0, or 2^63
+    const auto places = static_cast<unsigned>(info.scale);
+    return round_quotient(magnitude, places, is_negative(value), info.rounding_mode, out);
+}
+
 }  // namespace
 }  // namespace qv8numeric
 
 using namespace qv8numeric;
 
 extern "C" NumericStatus QV8NumericNum2Dbl(const Numeric* in, const NumericInfo* info, double* out) noexcept {
-    const auto magnitude = negated_if(is_negative(*in), in->low);
     const auto places = static_cast<uint32_t>(info->scale);
-    const bool is_word = fits_int64(*in) && magnitude << 1 != 0;  // not 0, and not 2^63
-    if (is_word && places <= pair_digits) {
-        return round_quotient(magnitude, places, is_negative(*in), info->rounding_mode, *out);
-    }
-    if (is_zero(*in)) {
-        store(0, *out);
-        return NUMERIC_OK;
-    }
-    if (is_nan(*in)) {
-        store(nan_bits, *out);
-        return NUMERIC_NAN;
-    }
-    return places <= pair_digits ? pair_to_double(*in, *info, *out) : far_to_double(*in, *info, *out);
+    return fits_int64(*in) && places <= pair_digits ? word_to_double(*in, *info, *out)
+                                                    : any_to_double(*in, *info, *out);
 }

@@ -22,6 +22,12 @@ NumericStatus rescaling_multiply(const NumericInfo& a_info, const NumericInfo& b
                   result_info.rounding_mode, result);
 }
 
+// Given by value: so the door to both roads needs no register that it would have to save.
+QV8NUMERIC_ASIDE NumericStatus multiply_int64(const NumericInfo& a_info, const NumericInfo& b_info,
+                                              const NumericInfo& result_info, int64_t a, int64_t b, Numeric& result) {
+    return rescaling_multiply<uint64_t>(a_info, b_info, result_info, sign_extend(a), sign_extend(b), result);
+}
+
 QV8NUMERIC_ASIDE NumericStatus multiply_pairs(const NumericInfo& a_info, const NumericInfo& b_info,
                                               const NumericInfo& result_info, const Numeric& a, const Numeric& b,
                                               Numeric& result) {
@@ -38,5 +44,5 @@ extern "C" NumericStatus QV8NumericRescalingMul(const NumericInfo* a_info, const
                                                 const NumericInfo* result_info, const Numeric* a, const Numeric* b,
                                                 Numeric* result) noexcept {
     if (!fits_int64(*a) || !fits_int64(*b)) return multiply_pairs(*a_info, *b_info, *result_info, *a, *b, *result);
-    return rescaling_multiply<uint64_t>(*a_info, *b_info, *result_info, *a, *b, *result);
+    return multiply_int64(*a_info, *b_info, *result_info, to_int64(*a), to_int64(*b), *result);
 }

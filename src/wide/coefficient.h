@@ -25,6 +25,9 @@ constexpr bool propagates_nan(const Numeric& a, const Numeric& b, Numeric& resul
 // In the range of an int64: the high half is the sign of the low half, all 64 bits of it. NaN is not.
 constexpr bool fits_int64(const Numeric& value) { return value.high == -static_cast<int64_t>(value.low >> 63); }
 
+constexpr int64_t to_int64(const Numeric& value) { return static_cast<int64_t>(value.low); }
+constexpr Numeric sign_extend(int64_t value) { return {static_cast<uint64_t>(value), value < 0 ? -1 : 0}; }
+
 // The two halves as an unsigned number, and back: the same 128 bits.
 constexpr WordPair bits_of(const Numeric& value) { return {static_cast<uint64_t>(value.high), value.low}; }
 constexpr Numeric from_bits(WordPair bits) { return {bits.low, static_cast<int64_t>(bits.high)}; }
