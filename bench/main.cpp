@@ -9,6 +9,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "collector.h"
 #include "contender.h"
 #include "instrumentation.h"
 #include "options.h"
@@ -65,21 +66,6 @@ void check_all(const Workload& workload, const Inputs& inputs, std::vector<Entry
     }
 }
 
-// Collects the times under the names the loops were registered with.
-class Collector : public benchmark::BenchmarkReporter {
-  public:
-    bool ReportContext(const Context&) override { return true; }
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration) continue;
-            const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-            nanoseconds[run.run_name.function_name].push_back(seconds * 1e9 / static_cast<double>(kCalls));
-        }
-    }
-
-    std::map<std::string, std::vector<double>> nanoseconds;
-};
-
 Row measure(const std::string& group, const Workload& workload, std::vector<Entry>& entered) {
     for (Entry& entry : entered) {
         Trial* trial = entry.trial.get();
@@ -96,8 +82,8 @@ Row measure(const std::string& group, const Workload& workload, std::vector<Entr
     Row row{group, workload.name, workload.operands, workload.reach, {}};
     for (const Entry& entry : entered) {
         const std::string name = entry.contender->name();
-        row.times.push_back({name, entry.part.lacking, collector.nanoseconds[name + "/throughput"],
-                             collector.nanoseconds[name + "/latency"]});
+        row.times.push_back({name, entry.part.lacking, collector.nanoseconds(name + "/throughput", kCalls),
+                             collector.nanoseconds(name + "/latency", kCalls)});
     }
     return row;
 }

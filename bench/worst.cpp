@@ -8,13 +8,12 @@
 // what is compared here is the work that arguments can demand, not how they are mixed.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <map>
 #include <string>
 #include <vector>
 
+#include "collector.h"
 #include "growing_calls.h"
 #include "named_calls.h"
 
@@ -22,30 +21,10 @@ namespace {
 
 using bounds::GrowingCall;
 using bounds::NamedCall;
+using qv8numeric_bench::Collector;
 
 constexpr std::uint64_t kTimes = 256;
 constexpr std::size_t kMegabyte = std::size_t{1} << 20;
-
-class Collector : public benchmark::BenchmarkReporter {
-  public:
-    bool ReportContext(const Context&) override { return true; }
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) {
-            if (run.run_type != Run::RT_Iteration) continue;
-            const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-            nanoseconds[run.run_name.function_name].push_back(seconds * 1e9);
-        }
-    }
-
-    double median(const std::string& name) {
-        std::vector<double>& times = nanoseconds[name];
-        std::sort(times.begin(), times.end());
-        return times.empty() ? 0 : times[times.size() / 2];
-    }
-
-  private:
-    std::map<std::string, std::vector<double>> nanoseconds;
-};
 
 std::string title(const NamedCall& named) {
     return std::string(named.function) + (named.typical ? "\ttypical\t" : "\tworst\t") + named.arguments;
@@ -73,14 +52,14 @@ void register_all() {
     }
 }
 
-void print_all(Collector& collector) {
+void print_all(const Collector& collector) {
     for (const NamedCall& named : bounds::named_calls()) {
         const std::string name = title(named);
-        std::printf("call\t%s\t%.2f\n", name.c_str(), collector.median(name) / static_cast<double>(kTimes));
+        std::printf("call\t%s\t%.2f\n", name.c_str(), collector.median_nanoseconds(name, kTimes));
     }
     for (const GrowingCall& growing : bounds::growing_calls()) {
         const std::string name = title(growing);
-        std::printf("grown\t%s\t%.2f\n", name.c_str(), collector.median(name));
+        std::printf("grown\t%s\t%.2f\n", name.c_str(), collector.median_nanoseconds(name, 1));
     }
 }
 
