@@ -6,6 +6,7 @@ namespace qv8numeric_bench {
 std::vector<std::unique_ptr<Contender>> peers() {
     std::vector<std::unique_ptr<Contender>> all;
     all.push_back(int128_peer());
+    all.push_back(plain_int128_peer());
 #ifdef QV8NUMERIC_BENCH_INTEL
     all.push_back(intel_peer());
 #endif

@@ -6,7 +6,7 @@
 
 #include "../coefficients.h"
 #include "../contender.h"
-#include "int128_parts.h"
+#include "int128_kernels.h"
 #include "integer_kernels.h"
 #include "peers.h"
 

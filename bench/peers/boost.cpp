@@ -3,7 +3,7 @@
 #include <boost/multiprecision/cpp_int.hpp>
 
 #include "../contender.h"
-#include "int128_parts.h"
+#include "int128_kernels.h"
 #include "integer_kernels.h"
 #include "peers.h"
 

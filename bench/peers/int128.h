@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// What a host's own programmer writes on the compiler's 128-bit integer: the inlined helpers of all its operations.
+// The hand-made peer's inlined helpers, on the compiler's 128-bit integer, and all in which its two variants differ.
 //
 // Written to win. The whole job is done, but nothing beyond it: operands are small more often than not, so each helper
-// has a road for 64 bits where that pays, and division is the processor's.
+// has a road for 64 bits where that pays.
 #ifndef QV8NUMERIC_BENCH_PEERS_INT128_H
 #define QV8NUMERIC_BENCH_PEERS_INT128_H
 
@@ -11,8 +11,9 @@
 #include <cstdint>
 
 #include "qv8numeric.h"
+#include "variant.h"
 
-namespace qv8numeric_bench::int128 {
+namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128 {
 
 __extension__ using U128 = unsigned __int128;
 __extension__ using I128 = __int128;
@@ -46,12 +47,13 @@ inline void store(Numeric* x, I128 value) {
 constexpr I128 kNan = static_cast<I128>(U128{1} << 127);
 constexpr U128 kLimit = U128{1} << 127;  // the first magnitude that does not fit
 
-// Signs come as they like, and nothing branches on them but where hardly any number is negative.
+// Signs come as they like, and by hand nothing branches on them but where hardly any number is negative.
 constexpr U128 magnitude_of_mostly_positive(I128 x) {
     if (__builtin_expect(x < 0, 0)) return -static_cast<U128>(x);
     return static_cast<U128>(x);
 }
 constexpr U128 negated_if(bool negative, U128 x) {
+    if constexpr (kPlain) return negative ? -x : x;
     const U128 mask = -U128{negative};
     return (x ^ mask) - mask;
 }
@@ -85,26 +87,51 @@ constexpr bool is_increased(std::uint32_t mode, bool negative, bool odd, unsigne
 
 constexpr bool is_mode(std::uint32_t mode) { return mode < kIncreased.size(); }
 
+// The decision spelled out, from the remainder and what is left of the divisor.
+template <typename Word>
+inline bool is_increased_by_switch(std::uint32_t mode, bool negative, bool odd, Word remainder, Word rest) {
+    if (remainder == 0) return false;
+    switch (mode) {
+        case NUMERIC_ROUND_UP: return true;
+        case NUMERIC_ROUND_DOWN: return false;
+        case NUMERIC_ROUND_CEILING: return !negative;
+        case NUMERIC_ROUND_FLOOR: return negative;
+        case NUMERIC_ROUND_HALF_UP: return remainder >= rest;
+        case NUMERIC_ROUND_HALF_DOWN: return remainder > rest;
+        default: return remainder > rest || (remainder == rest && odd);
+    }
+}
+
 // 1 if a magnitude ending in this digit grows, else 0. The remainder is below the divisor, which is below 2^127.
 template <typename Word>
 inline unsigned increase(std::uint32_t mode, bool negative, Word kept, Word remainder, Word divisor) {
     const Word rest = static_cast<Word>(divisor - remainder);
+    if constexpr (kPlain) return is_increased_by_switch(mode, negative, (kept & 1) != 0, remainder, rest) ? 1 : 0;
     const unsigned dropped = unsigned{remainder != 0} + unsigned{remainder >= rest} + unsigned{remainder > rest};
     const unsigned index = (negative ? 8U : 0U) | dropped << 1 | static_cast<unsigned>(kept & 1);
     return unsigned{kIncreased[mode]} >> index & 1U;
 }
 
-// n / d for a quotient below 2^64: the processor's division, where the compiler would call a function.
+// n / d. Multiplied back, since / and % are a call each where the compiler does not join them.
+inline U128 divide(U128 n, U128 d, U128* remainder) {
+    const U128 quotient = n / d;
+    *remainder = n - quotient * d;
+    return quotient;
+}
+
+// n / d for a quotient below 2^64: by hand it is the processor's division.
 inline U64 divide_2by1(U128 n, U64 d, U64* remainder) {
 #if defined(__x86_64__)
-    U64 quotient, rest;
-    __asm__("divq %4" : "=a"(quotient), "=d"(rest) : "a"(low(n)), "d"(high(n)), "rm"(d) : "cc");
-    *remainder = rest;
-    return quotient;
-#else
-    *remainder = static_cast<U64>(n % d);
-    return static_cast<U64>(n / d);
+    if constexpr (!kPlain) {
+        U64 quotient, rest;
+        __asm__("divq %4" : "=a"(quotient), "=d"(rest) : "a"(low(n)), "d"(high(n)), "rm"(d) : "cc");
+        *remainder = rest;
+        return quotient;
+    }
 #endif
+    const U64 quotient = static_cast<U64>(n / d);
+    *remainder = low(n) - quotient * d;
+    return quotient;
 }
 
 // What a dividend is like. kShort: mostly below 2^64, which a branch predictor then expects. kAny: as often as not, and
@@ -116,6 +143,11 @@ inline U128 divide_by_word(U128 n, U64 d, U64* remainder) {
     if (kDividend == Dividend::kShort && is_word(n)) {
         *remainder = low(n) % d;
         return low(n) / d;
+    }
+    if constexpr (kPlain) {
+        const U128 quotient = n / d;
+        *remainder = low(n) - low(quotient) * d;
+        return quotient;
     }
     const U64 top = high(n) / d;
     return static_cast<U128>(top) << 64 | divide_2by1(static_cast<U128>(high(n) % d) << 64 | low(n), d, remainder);
@@ -135,7 +167,8 @@ inline U128 divide_rounded(U128 n, U128 d, std::uint32_t mode, bool negative, bo
         *inexact = remainder != 0;
         return quotient + increase(mode, negative, low(quotient), remainder, low(d));
     }
-    const U128 quotient = n / d, remainder = n % d;
+    U128 remainder;
+    const U128 quotient = divide(n, d, &remainder);
     *inexact = remainder != 0;
     return quotient + increase(mode, negative, quotient, remainder, d);
 }
@@ -155,6 +188,6 @@ inline NumericStatus nan(Numeric* out, NumericStatus status = NUMERIC_NAN) {
     return status;
 }
 
-}  // namespace qv8numeric_bench::int128
+}  // namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128
 
 #endif

@@ -2,7 +2,7 @@
 #include "int128_parts.h"
 #include "settle.h"
 
-namespace qv8numeric_bench::int128 {
+namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128 {
 namespace {
 
 // Small operands: their products with powers of ten up to this one fit the compiler's integer, and so do sums of two.
@@ -70,7 +70,7 @@ NumericStatus round(const NumericInfo* info, std::int32_t places, Numeric* num) 
 NumericStatus add_wide(int a_up, int b_up, int places, std::uint32_t mode, I128 x, I128 y, Numeric* result) {
     const U256 a = multiply(magnitude(x), kPower[static_cast<std::size_t>(a_up)]);
     const U256 b = multiply(magnitude(y), kPower[static_cast<std::size_t>(b_up)]);
-    if ((x < 0) == (y < 0)) return settle(result, int128::add(a, b), x < 0, places, mode);
+    if ((x < 0) == (y < 0)) return settle(result, add(a, b), x < 0, places, mode);
     if (less(a, b) != 0) return settle(result, subtract(b, a), y < 0, places, mode);
     return settle(result, subtract(a, b), x < 0, places, mode);
 }
@@ -191,22 +191,6 @@ NumericStatus multiply_by_integer(Numeric* x, std::int32_t m) {
 
 }  // namespace
 
-bool is_within_reach(const Workload& w) {
-    const int a = w.a.scale, b = w.b.scale, result = w.result.scale, common = a > b ? a : b;
-    const auto is_power = [](int exponent) { return -kMostDigits <= exponent && exponent <= kMostDigits; };
-    switch (w.operation) {
-        case Operation::kRescale: return is_power(a - result);
-        case Operation::kRescalingAdd: return is_power(a - b) && is_power(common - result);
-        case Operation::kRescalingCompare: return is_power(a - b);
-        case Operation::kRescalingMultiply: return is_power(a + b - result);
-        case Operation::kRescalingDivide: return result - a + b >= 0 && is_power(result - a + b);
-        case Operation::kFromDouble: return 0 <= result && result <= 22;
-        case Operation::kToDouble:
-        case Operation::kToInteger: return 0 <= a && a <= kWordDigits;
-        default: return true;
-    }
-}
-
 void add_arithmetic(Kernels<Numeric>& kernels) {
     kernels.add = add;
     kernels.compare = compare;
@@ -220,4 +204,4 @@ void add_arithmetic(Kernels<Numeric>& kernels) {
     kernels.multiply_by_integer = multiply_by_integer;
 }
 
-}  // namespace qv8numeric_bench::int128
+}  // namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128

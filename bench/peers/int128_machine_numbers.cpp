@@ -4,7 +4,7 @@
 #include "int128_parts.h"
 #include "settle.h"
 
-namespace qv8numeric_bench::int128 {
+namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128 {
 namespace {
 
 NumericStatus from_integer(std::int64_t value, const NumericInfo* info, Numeric* out) {
@@ -105,4 +105,4 @@ void add_machine_numbers(Kernels<Numeric>& kernels) {
     kernels.to_double = to_double;
 }
 
-}  // namespace qv8numeric_bench::int128
+}  // namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128

@@ -4,7 +4,7 @@
 #include "int128_parts.h"
 #include "settle.h"
 
-namespace qv8numeric_bench::int128 {
+namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128 {
 namespace {
 
 // "00" to "99", and "000" to "999" for a group.
@@ -133,8 +133,7 @@ NumericStatus to_text(const Numeric* value, const NumericInfo* info, std::int32_
         whole = divide_by_word<Dividend::kAny>(x, low(kPower[static_cast<std::size_t>(output_scale)]), &rest);
         fraction = rest;
     } else if (output_scale > 0) {
-        whole = x / kPower[static_cast<std::size_t>(output_scale)];
-        fraction = x % kPower[static_cast<std::size_t>(output_scale)];
+        whole = divide(x, kPower[static_cast<std::size_t>(output_scale)], &fraction);
     }
     const int digits = digit_count(whole);
     const int length =
@@ -247,4 +246,4 @@ void add_text(Kernels<Numeric>& kernels) {
     kernels.from_grouped_text = from_text<true>;
 }
 
-}  // namespace qv8numeric_bench::int128
+}  // namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128

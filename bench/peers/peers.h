@@ -10,6 +10,7 @@
 namespace qv8numeric_bench {
 
 std::unique_ptr<Contender> int128_peer();
+std::unique_ptr<Contender> plain_int128_peer();
 std::unique_ptr<Contender> boost_peer();
 std::unique_ptr<Contender> charconv_peer();
 

@@ -5,7 +5,7 @@
 
 #include "words256.h"
 
-namespace qv8numeric_bench::int128 {
+namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128 {
 
 // The result has `places` digits too many, -38 to 38; a negative number of them is to be added.
 template <Dividend kDividend>
@@ -36,6 +36,6 @@ inline NumericStatus settle(Numeric* out, U256 magnitude, bool negative, int pla
     return finish(out, quotient + increase(mode, negative, quotient, remainder, divisor), negative, remainder != 0);
 }
 
-}  // namespace qv8numeric_bench::int128
+}  // namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128
 
 #endif

@@ -5,7 +5,7 @@
 
 #include "int128.h"
 
-namespace qv8numeric_bench::int128 {
+namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128 {
 
 struct U256 {
     U64 word[4];  // least significant first
@@ -114,6 +114,6 @@ inline U128 divide(const U256& n, U128 d, U128* remainder, bool* fits) {
     return quotient;
 }
 
-}  // namespace qv8numeric_bench::int128
+}  // namespace qv8numeric_bench::QV8NUMERIC_BENCH_INT128
 
 #endif
