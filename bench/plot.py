@@ -6,9 +6,7 @@ import math
 import pathlib
 from xml.sax.saxutils import escape
 
-from results import PORTABLE, Row, Run
-
-BY_HAND = "by hand, __int128"
+from results import BY_HAND, PORTABLE, Row, Run
 
 LIGHT = {"ink": "#1f2328", "soft": "#656d76", "grid": "#d8dee4", "page": "#ffffff", "band": "#f3f5f8",
          "ours": "#0969da", "peer": "#bc4c00", "other": "#8c959f", "third": "#1a7f37"}

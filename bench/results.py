@@ -9,6 +9,8 @@ import statistics
 
 OURS = "qv8numeric"
 PORTABLE = "portable"
+BY_HAND = "by hand, __int128"
+PLAIN = "plain, __int128"
 
 
 @dataclasses.dataclass(frozen=True)
@@ -32,7 +34,7 @@ class Row:
     group: str
     name: str
     operands: str
-    reach: float  # 0 where no figure is set
+    reach: float  # the ratio to plain code that is to be shown; 0 where no figure is set
     contenders: list[Times]
 
     @property
@@ -56,9 +58,13 @@ class Row:
         peer = self.fastest_peer(measure)
         return getattr(peer, measure) / getattr(self.ours, measure) if peer else None
 
-    @property
-    def below_reach(self) -> bool:
-        ratio = self.ratio("throughput")
+    def of_plain(self, measure: str) -> float | None:
+        """The plain peer's time over ours."""
+        plain = self.find(PLAIN)
+        return getattr(plain, measure) / getattr(self.ours, measure) if plain else None
+
+    def is_below_reach(self, ratio: float | None) -> bool:
+        """Of one of the two ratios, by throughput."""
         return bool(self.reach) and (ratio is None or ratio < self.reach)
 
 
