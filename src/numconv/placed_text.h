@@ -68,6 +68,10 @@ inline void store_eight(char* to, uint64_t characters) {
 #endif
 }
 
+inline void store_four(char* to, uint32_t characters) {  // in a form that compilers know as one store
+    for (unsigned i = 0; i < 4; ++i) to[i] = static_cast<char>(characters >> 8 * (3 - i) & 0xff);
+}
+
 // ---- A run of characters, put eight at a time from the first one to the last ----
 
 class Run {
@@ -173,29 +177,40 @@ constexpr Layout layout_of(Magnitude magnitude, bool negative, unsigned fraction
     return {negative, integer + (is_grouped<Form>() ? (integer - 1) / 3 : 0), fraction};
 }
 
-QV8NUMERIC_INLINE void put_few_digits(char* at, unsigned digits, uint64_t x) {
+// A point and the two or three digits that most fractions have; behind two of them the NUL of the text.
+constexpr uint32_t four_with_point(uint64_t x, unsigned fraction) {
+    const unsigned unused = 8 * (3 - fraction);
+    return (conv_table[x] << unused) + (0x2e303030U >> unused << unused);
+}
+static_assert(four_with_point(123, 3) == 0x2e313233 && four_with_point(45, 2) == 0x2e343500);
+
+// Fewer than eight.
+QV8NUMERIC_INLINE void put_short_fraction(char* point, unsigned digits, uint64_t x) {
+    if (digits == 2 || digits == 3) return store_four(point, four_with_point(x, digits));
     const uint64_t characters = eight_of<PlainDigits>(x);
-    while (digits > 0) *at++ = static_cast<char>(characters >> 8 * --digits & 0xff);
+    *point = '.';
+    while (digits > 0) *++point = static_cast<char>(characters >> 8 * --digits & 0xff);
 }
 
-// Nothing is written behind a fraction, which may be the end of the buffer.
-QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, uint64_t x) {
-    if (digits < 8) return put_few_digits(at, digits, x);
-    put_digits<PlainDigits>(Run(at, digits), x);
+// The point and the digits behind it. Nothing is written behind them and the NUL, where the buffer may end.
+QV8NUMERIC_INLINE void put_fraction(char* point, unsigned digits, uint64_t x) {
+    if (digits < 8) return put_short_fraction(point, digits, x);
+    *point = '.';
+    put_digits<PlainDigits>(Run(point + 1, digits), x);
 }
 
-QV8NUMERIC_INLINE void put_fraction(char* at, unsigned digits, WordPair x) {
-    if (digits <= word_digits) return put_fraction(at, digits, x.low);
+QV8NUMERIC_INLINE void put_fraction(char* point, unsigned digits, WordPair x) {
+    if (digits <= word_digits) return put_fraction(point, digits, x.low);
+    *point = '.';
     const DecimalSplit<uint64_t> words = split_into_words(x);
-    put_digits<PlainDigits, word_digits>(Run(at, digits), words.upper, words.lower);
+    put_digits<PlainDigits, word_digits>(Run(point + 1, digits), words.upper, words.lower);
 }
 
 template <class Form, class Magnitude>
 QV8NUMERIC_INLINE void put_split(char* begin, unsigned integer, unsigned fraction, Magnitude magnitude) {
     const DecimalSplit<Magnitude> split = split_at(fraction, magnitude);
     put_digits<Form>(Run(begin, integer), split.upper);
-    begin[integer] = '.';
-    put_fraction(begin + integer + 1, fraction, split.lower);
+    put_fraction(begin + integer, fraction, split.lower);
 }
 
 // Of one word, more digits than beside_point.
