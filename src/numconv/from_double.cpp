@@ -136,8 +136,7 @@ using namespace qv8numeric;
 extern "C" NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out, double value) noexcept {
     const auto bits = std::bit_cast<uint64_t>(value);
     const auto places = static_cast<uint32_t>(info->scale);
-    if (!is_finite_nonzero(bits)) return from_double_in_steps(bits, *info, *out);
-    if (places <= significand_digits) {
+    if (places <= significand_digits) {  // of 0 the length is negative, of what is not finite more than 1000
         const DecimalPower& ten = decimal_power[places];
         const auto length = static_cast<uint64_t>(product_length(bits, ten));
         if (length < 64) return word_from_double(bits, static_cast<unsigned>(length), ten, info->rounding_mode, *out);
@@ -145,6 +144,7 @@ extern "C" NumericStatus QV8NumericDbl2Num(const NumericInfo* info, Numeric* out
             return words_from_double(bits, static_cast<unsigned>(length), ten, info->rounding_mode, *out);
         }
     }
+    if (!is_finite_nonzero(bits)) return from_double_in_steps(bits, *info, *out);
     if (places <= pair_digits) return pair_from_double(bits, *info, *out);
     if (info->scale < 0) return quotient_from_double(bits, *info, *out);
     return from_double_in_steps(bits, *info, *out);
