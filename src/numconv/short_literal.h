@@ -116,7 +116,7 @@ inline bool is_group(const char* at) {
 }
 
 // Two at a time.
-inline void take_groups(Mantissa& mantissa) {
+QV8NUMERIC_INLINE void take_groups(Mantissa& mantissa) {
     for (; has_eight(mantissa.at); mantissa.at += 8) {
         const Matched matched = match_two_groups(load_eight(mantissa.at));
         if (matched.misses != 0 || is_decimal_digit(mantissa.at[8])) break;
@@ -129,12 +129,15 @@ inline void take_groups(Mantissa& mantissa) {
 }
 
 // One to three digits before a comma, and the groups. Of anything else nothing is taken.
-inline void take_grouped_integer(Mantissa& mantissa) {
+QV8NUMERIC_INLINE void take_grouped_integer(Mantissa& mantissa) {
     const char* comma = mantissa.at;
-    while (comma - mantissa.at < 3 && is_decimal_digit(*comma)) ++comma;
+    uint64_t number = 0;
+    for (; comma - mantissa.at < 3 && is_decimal_digit(*comma); ++comma) number = number * 10 + digit_value(*comma);
     if (comma == mantissa.at || *comma != ',') return;
     skip_zeros(mantissa);
-    for (; mantissa.at != comma; ++mantissa.at) append(mantissa, 1, digit_value(*mantissa.at));
+    mantissa.digits = {0, number};
+    mantissa.count = static_cast<uint64_t>(comma - mantissa.at);
+    mantissa.at = comma;
     take_groups(mantissa);
 }
 
