@@ -96,10 +96,12 @@ class Run {
 
 // For the 20 digits of any word.
 template <class Form>
-inline constexpr unsigned most_eights = (word_digits + Form::per_eight) / Form::per_eight;
+constexpr unsigned most_eights() {
+    return (word_digits + Form::per_eight) / Form::per_eight;
+}
 
 // Of up to `most` eights.
-template <class Form, unsigned most = most_eights<Form>>
+template <class Form, unsigned most = most_eights<Form>()>
 QV8NUMERIC_INLINE void put_digits(Run run, uint64_t x) {
     constexpr uint64_t limit = ten_to_the(Form::per_eight);
     if constexpr (most > 1) {
