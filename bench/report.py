@@ -21,8 +21,8 @@ SHORT = {
 LEGEND = """\
 Nanoseconds for each call, medians. ~ does a part of the job only and does not count. Ratio: the fastest peer that does
 the whole job over ours; of plain: the plain peer over ours; above 1 we are faster. Plain is what a host's programmer
-would write in the language, by hand a kernel tuned beyond that, with assembly. Reach: what our throughput has to show
-against plain code; + is below it there, * is below it against the fastest peer."""
+would write in the language, by hand a kernel tuned beyond that, with assembly. Reach: what the ratio
+of the throughput is to show; * it does not yet, + nor does that of plain."""
 
 
 def _time(row: Row, name: str, measure: str) -> str:
@@ -99,8 +99,8 @@ def _against(peer: str, rows: list[Row], ratio: Callable[[Row], float | None]) -
 def summary(rows: list[Row]) -> str:
     """How many rows are ahead, and how many reach their figure."""
     return "\n".join([
-        _against("plain code", rows, lambda row: row.of_plain("throughput")),
-        _against("the fastest peer that does the whole job", rows, lambda row: row.ratio("throughput"))])
+        _against("the fastest peer that does the whole job", rows, lambda row: row.ratio("throughput")),
+        _against("plain code", rows, lambda row: row.of_plain("throughput"))])
 
 
 def standing(rows: list[Row]) -> str:

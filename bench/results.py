@@ -34,7 +34,7 @@ class Row:
     group: str
     name: str
     operands: str
-    reach: float  # the ratio to plain code that is to be shown; 0 where no figure is set
+    reach: float  # 0 where no figure is set
     contenders: list[Times]
 
     @property

@@ -20,7 +20,7 @@ inline ValueDraw wide() { return signed_bits(90, 126); }
 
 class Rows {
   public:
-    // The workload on these operands. `reach` is the ratio to plain code that it is to show, if one is set.
+    // The workload on these operands. `reach` is the ratio it is to show, if one is set.
     void add(Workload workload, const std::string& operands, const Fill& fill, double reach = 0) {
         workload.operands = operands;
         workload.fill = fill;

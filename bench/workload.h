@@ -51,7 +51,7 @@ using Fill = std::function<void(Draw&, Inputs&)>;
 struct Workload {
     std::string name{};      // "rescale down 9 digits"
     std::string operands{};  // "small"
-    double reach = 0;        // how many times as fast as plain code we are to be, where that is set
+    double reach = 0;        // the ratio this row is to show, where one is set
     Operation operation = Operation::kAdd;
     NumericInfo a{};          // the scale of *a, or of the only value, and the mode of the operations in place
     NumericInfo b{};          // of *b
